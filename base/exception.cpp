@@ -4,9 +4,9 @@
 
 namespace zel {
 
-Exception::Exception(std::string text) : m_text(std::move(text))
-{
-}
+Exception::Exception(std::string text)
+    : m_text(std::move(text))
+{}
 
 Exception::~Exception() = default;
 

@@ -78,8 +78,7 @@ ReportHandler setReportHandler(ReportHandler handler)
 
 SmartAssert::SmartAssert(const char* expression, const char* file, int line)
     : m_report{expression, file, line, {}, {}}
-{
-}
+{}
 
 SmartAssert::~SmartAssert() noexcept(false)
 {

@@ -13,9 +13,9 @@ namespace zel::smartassert {
 /// What a failed check tells.
 struct Report
 {
-    std::string expression;                                   ///< as written at the place of the check
-    std::string file;                                         ///< path from the root of the tree
-    int line;                                                 ///< line of the check, from 1
+    std::string expression; ///< as written at the place of the check
+    std::string file;       ///< path from the root of the tree
+    int line;               ///< line of the check, from 1
     std::vector<std::pair<std::string, std::wstring>> values; ///< name and streamed value, in order
     std::string message;                                      ///< UTF-8, empty if there is none
 };
@@ -63,9 +63,7 @@ namespace detail {
 /// Gives both branches of the check the type void; "&" binds weaker than the calls behind it.
 struct Discard
 {
-    void operator&(const SmartAssert&) const
-    {
-    }
+    void operator&(const SmartAssert&) const {}
 };
 
 } // namespace detail
@@ -75,8 +73,7 @@ struct Discard
 /// because it is part of the contract and need not be spelt like the condition; the code then
 /// goes on behind the check. Values and a message are appended:
 /// ZEL_SMART_ASSERT(min < max, "min < max").value("min", min).value("max", max);
-#define ZEL_SMART_ASSERT(condition, expression)                                                    \
-    ZEL_SMART_ASSERT_AT(condition, expression, __FILE__)
+#define ZEL_SMART_ASSERT(condition, expression) ZEL_SMART_ASSERT_AT(condition, expression, __FILE__)
 
 /// The same for a template in a header, whose __FILE__ would depend on who includes it.
 #define ZEL_SMART_ASSERT_AT(condition, expression, file)                                           \

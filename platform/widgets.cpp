@@ -44,7 +44,8 @@ ZEL_QT_Label::ZEL_QT_Label(Qt::TextFormat format, const QString& text, QWidget* 
     setNameOf(*this, name);
 }
 
-ZEL_QT_PushButton::ZEL_QT_PushButton(QWidget* parent, const char* name) : QPushButton(parent)
+ZEL_QT_PushButton::ZEL_QT_PushButton(QWidget* parent, const char* name)
+    : QPushButton(parent)
 {
     setNameOf(*this, name);
 }
@@ -62,18 +63,18 @@ ZEL_QT_PushButton::ZEL_QT_PushButton(const QIcon& icon, const QString& text, QWi
     setNameOf(*this, name);
 }
 
-ZEL_QT_HBoxLayout::ZEL_QT_HBoxLayout(QWidget* parent) : QHBoxLayout(parent)
-{
-}
+ZEL_QT_HBoxLayout::ZEL_QT_HBoxLayout(QWidget* parent)
+    : QHBoxLayout(parent)
+{}
 
-ZEL_QT_VBoxLayout::ZEL_QT_VBoxLayout(QWidget* parent) : QVBoxLayout(parent)
-{
-}
+ZEL_QT_VBoxLayout::ZEL_QT_VBoxLayout(QWidget* parent)
+    : QVBoxLayout(parent)
+{}
 
 ZEL_QT_SignalBlocker::ZEL_QT_SignalBlocker(QObject* object)
-    : m_object(object), m_wasBlocked(object != nullptr && object->blockSignals(true))
-{
-}
+    : m_object(object)
+    , m_wasBlocked(object != nullptr && object->blockSignals(true))
+{}
 
 ZEL_QT_SignalBlocker::~ZEL_QT_SignalBlocker()
 {
@@ -96,7 +97,8 @@ bool zel_connect(const QObject* sender, const char* signal, const QObject* recei
     return QObject::connect(sender, signal, receiver, slot, type);
 }
 
-ZEL_QT4_ComboBox::ZEL_QT4_ComboBox(QWidget* parent, const char* name) : QComboBox(parent)
+ZEL_QT4_ComboBox::ZEL_QT4_ComboBox(QWidget* parent, const char* name)
+    : QComboBox(parent)
 {
     setNameOf(*this, name);
 }

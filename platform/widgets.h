@@ -6,8 +6,8 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QLabel>
-#include <QPointer>
 #include <QMetaObject>
+#include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
 

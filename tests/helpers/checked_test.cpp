@@ -62,8 +62,9 @@ void CheckedTest::cleanup()
     QVERIFY2(expressions.isEmpty(),
              qPrintable(QStringLiteral("assertion reports that the test did not name: ") +
                         expressions.join(QStringLiteral(" | "))));
-    QVERIFY2(warnings.isEmpty(), qPrintable(QStringLiteral("warnings that the test did not name: ") +
-                                            warnings.join(QStringLiteral(" | "))));
+    QVERIFY2(warnings.isEmpty(),
+             qPrintable(QStringLiteral("warnings that the test did not name: ") +
+                        warnings.join(QStringLiteral(" | "))));
 }
 
 } // namespace zel::test

@@ -3,9 +3,9 @@
 namespace zel::qt {
 
 SignalBlocker::SignalBlocker(QObject* object)
-    : m_object(object), m_wasBlocked(object != nullptr && object->blockSignals(true))
-{
-}
+    : m_object(object)
+    , m_wasBlocked(object != nullptr && object->blockSignals(true))
+{}
 
 SignalBlocker::~SignalBlocker()
 {

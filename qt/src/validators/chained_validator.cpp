@@ -9,17 +9,16 @@ ChainedValidator::ChainedValidator() = default;
 
 ChainedValidator::ChainedValidator(std::deque<std::unique_ptr<IValidator>> validators)
     : m_validators(std::move(validators))
-{
-}
+{}
 
 ChainedValidator::~ChainedValidator() = default;
 
 bool ChainedValidator::validate(const QString& text, boost::any& value,
                                 const std::bitset<32>& flags)
 {
-    return std::any_of(
-        m_validators.begin(), m_validators.end(),
-        [&](const auto& validator) { return validator->validate(text, value, flags); });
+    return std::any_of(m_validators.begin(), m_validators.end(), [&](const auto& validator) {
+        return validator->validate(text, value, flags);
+    });
 }
 
 QString ChainedValidator::reformat(const boost::any& value, const std::bitset<32>& flags)

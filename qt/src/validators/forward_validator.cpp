@@ -8,8 +8,7 @@ ForwardValidator::ForwardValidator() = default;
 
 ForwardValidator::ForwardValidator(boost::shared_ptr<IValidator> validator)
     : m_validator(std::move(validator))
-{
-}
+{}
 
 ForwardValidator::~ForwardValidator() = default;
 
@@ -49,8 +48,7 @@ ConversionValidator::ConversionValidator() = default;
 
 ConversionValidator::ConversionValidator(boost::shared_ptr<IValidator> validator)
     : ForwardValidator(std::move(validator))
-{
-}
+{}
 
 ConversionValidator::~ConversionValidator() = default;
 
