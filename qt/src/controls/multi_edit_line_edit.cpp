@@ -1,0 +1,111 @@
+#include "qt/inc/controls/multi_edit_line_edit.h"
+
+#include "qt/inc/controls/signal_blocker.h"
+#include "qt/inc/controls/varies_string.h"
+
+#include <memory>
+#include <utility>
+
+namespace zel::qt {
+
+MultiEditLineEdit::MultiEditLineEdit(QWidget* parent, const QString& label,
+                                     boost::shared_ptr<IValidator> validator,
+                                     boost::function<void()> onClicked, unsigned int flags,
+                                     ExpandDirection direction)
+    : SimpleLineEdit(parent, label, std::move(validator), std::move(onClicked), flags, direction)
+{
+    if ((flags & 1U) != 0) {
+        setStyleSheet(QStringLiteral("* { background-color:white; }"));
+    }
+}
+
+MultiEditLineEdit::~MultiEditLineEdit() = default;
+
+MultiEditLineEdit* MultiEditLineEdit::create(QWidget* parent, const QString& label,
+                                             IValidator* validator, unsigned int flags,
+                                             ExpandDirection direction)
+{
+    return create(parent, label, boost::shared_ptr<IValidator>(validator), flags, direction);
+}
+
+MultiEditLineEdit* MultiEditLineEdit::create(QWidget* parent, const QString& label,
+                                             boost::shared_ptr<IValidator> validator,
+                                             unsigned int flags, ExpandDirection direction)
+{
+    return create(parent, label, std::move(validator), {}, flags, direction);
+}
+
+MultiEditLineEdit* MultiEditLineEdit::create(QWidget* parent, const QString& label,
+                                             boost::shared_ptr<IValidator> validator,
+                                             boost::function<void()> onClicked, unsigned int flags,
+                                             ExpandDirection direction)
+{
+    return new MultiEditLineEdit(parent, label, std::move(validator), std::move(onClicked), flags,
+                                 direction);
+}
+
+void MultiEditLineEdit::reset()
+{
+    m_varies = false;
+    m_first = true;
+}
+
+void MultiEditLineEdit::readValue(const boost::any& value)
+{
+    if (m_first) {
+        m_varies = false;
+        m_first = false;
+        setValue(value);
+    } else if (!m_varies && validator().reformat(value, {}) != edit().text()) {
+        forceVaries();
+    }
+}
+
+bool MultiEditLineEdit::dataVaries() const
+{
+    return m_varies;
+}
+
+boost::any MultiEditLineEdit::getCurrentValue() const
+{
+    if (dataVaries() || !isValueValid()) {
+        return {};
+    }
+    return getValue();
+}
+
+void MultiEditLineEdit::setValue(const boost::any& value)
+{
+    std::shared_ptr<SignalBlocker> blocker;
+    if (isLoading()) {
+        blocker = std::make_shared<SignalBlocker>(this);
+    }
+    m_varies = false;
+    SimpleLineEdit::setValue(value);
+}
+
+void MultiEditLineEdit::forceVaries()
+{
+    m_varies = true;
+    m_first = false;
+    edit().setText(getVariesString());
+}
+
+void MultiEditLineEdit::copyStateFrom(const MultiEditLineEdit& other)
+{
+    edit().setText(other.edit().text());
+    m_first = other.m_first;
+    m_varies = other.m_varies;
+}
+
+bool MultiEditLineEdit::vetoValidation(const QString& text)
+{
+    return text == getVariesString();
+}
+
+void MultiEditLineEdit::onValidated(const QString&, const boost::any&)
+{
+    m_varies = false;
+}
+
+} // namespace zel::qt
