@@ -1,0 +1,61 @@
+# What `cmake --install` puts down, and the package that find_package(zel) finds there.
+#
+# Three parts, also the names of the Debian packages that cpack makes of them: "runtime" (what a
+# program needs to run), "development" (what it takes to build one) and "example".
+
+include(CMakePackageConfigHelpers)
+
+set(zel_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zel)
+set(zel_include_dir ${CMAKE_INSTALL_INCLUDEDIR}/zel)
+
+# Below /usr the loader knows where to look; anywhere else the libraries have to find each other.
+if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(zel_library_rpath "\$ORIGIN")
+    file(RELATIVE_PATH zel_bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+    set(zel_program_rpath "\$ORIGIN/${zel_bin_to_lib}")
+endif()
+
+# Installs the library TARGET of the package's component NAME, and its headers, which keep their
+# paths from the root. Each component has a file of exported targets of its own, so that whoever
+# asks for the units alone needs no Qt.
+function(zel_install_library target name)
+    set_target_properties(${target} PROPERTIES INSTALL_RPATH "${zel_library_rpath}")
+    install(TARGETS ${target} EXPORT zel-${name}-targets
+        LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR}
+            COMPONENT runtime NAMELINK_COMPONENT development
+        ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
+    install(EXPORT zel-${name}-targets
+        FILE zel-${name}-targets.cmake NAMESPACE zel::
+        DESTINATION ${zel_cmake_dir} COMPONENT development)
+    foreach(header IN LISTS ARGN)
+        get_filename_component(folder ${header} DIRECTORY)
+        install(FILES ${PROJECT_SOURCE_DIR}/${header}
+            DESTINATION ${zel_include_dir}/${folder} COMPONENT development)
+    endforeach()
+
+    # The paths in the pkg-config file start from where it stands, so a prefix can be moved.
+    file(RELATIVE_PATH zel_pc_to_prefix
+         ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
+    string(REGEX REPLACE "/$" "" zel_pc_to_prefix "${zel_pc_to_prefix}")
+    configure_file(cmake/zel-${name}.pc.in zel-${name}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/zel-${name}.pc
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+endfunction()
+
+file(GLOB_RECURSE zel_units_public CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
+     base/*.h platform/export.h platform/smart_assert.h units/inc/*.h)
+zel_install_library(zel_units units ${zel_units_public})
+set(zel_public_headers ${zel_units_public})
+if(ZEL_BUILD_QT)
+    file(GLOB_RECURSE zel_qt_public CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}
+         platform/environment.h platform/widgets.h qt/inc/*.h)
+    zel_install_library(zel_qt qt ${zel_qt_public})
+    list(APPEND zel_public_headers ${zel_qt_public})
+endif()
+
+configure_package_config_file(cmake/zel-config.cmake.in zel-config.cmake
+    INSTALL_DESTINATION ${zel_cmake_dir} NO_SET_AND_CHECK_MACRO)
+write_basic_package_version_file(zel-config-version.cmake COMPATIBILITY SameMajorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/zel-config.cmake ${PROJECT_BINARY_DIR}/zel-config-version.cmake
+    DESTINATION ${zel_cmake_dir} COMPONENT development)
