@@ -41,6 +41,8 @@ protected:
     void leaveEvent(QEvent* e) override;
 
 private:
+    void keepActivationAway();
+
     QWidget* m_owner;
     [[maybe_unused]] bool m_flag = false;
 };

@@ -8,6 +8,7 @@
 #include <QListWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <algorithm>
 #include <deque>
@@ -42,6 +43,7 @@ PopupBase::PopupBase(QWidget* owner)
     setContentsMargins(0, 0, 0, 0);
     setWindowOpacity(restingOpacity);
     setAttribute(Qt::WA_MouseTracking);
+    setAttribute(Qt::WA_ShowWithoutActivating);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -51,6 +53,8 @@ bool PopupBase::event(QEvent* e)
 {
     if (e->type() == QEvent::WindowDeactivate) {
         hide();
+    } else if (e->type() == QEvent::WinIdChange) {
+        keepActivationAway();
     }
     return QWidget::event(e);
 }
@@ -71,6 +75,19 @@ bool PopupBase::eventFilter(QObject* watched, QEvent* e)
         }
     }
     return QObject::eventFilter(watched, e);
+}
+
+void PopupBase::keepActivationAway()
+{
+    // A tool window is activated when it is mapped or clicked, by some window managers or by the
+    // platform. The edit would then lose the focus to its own popup: typing would go nowhere, and
+    // a commit would follow that the user did not ask for. Qt::WA_ShowWithoutActivating helps only
+    // on some platforms and never against a click, but none activates a tool tip. To the widget
+    // and its style the popup stays a tool window, which shares the activation of the edit's
+    // window and so is told when that ends.
+    if (QWindow* const window = windowHandle()) {
+        window->setFlags((window->flags() & ~Qt::WindowType_Mask) | Qt::ToolTip);
+    }
 }
 
 void PopupBase::enterEvent(QEvent*)
@@ -108,6 +125,8 @@ HistoryPopup::HistoryPopup(QWidget* owner)
     , m_list(new QListWidget(this))
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    // A click must not take the focus from the edit, see keepActivationAway().
+    m_list->setFocusPolicy(Qt::NoFocus);
     m_list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     addToPopup(*this, m_list);
