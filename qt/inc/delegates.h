@@ -1,0 +1,8 @@
+#pragma once
+
+// Delegates that put the library's editors into item views, the roles of the models that they
+// work on, and boost::any as a meta type.
+#include "qt/inc/delegates/button_item_delegate.h"
+#include "qt/inc/delegates/checkbox_item_delegate.h"
+#include "qt/inc/delegates/forward_delegate.h"
+#include "qt/inc/delegates/roles.h"
