@@ -5,4 +5,5 @@
 #include "qt/inc/delegates/button_item_delegate.h"
 #include "qt/inc/delegates/checkbox_item_delegate.h"
 #include "qt/inc/delegates/forward_delegate.h"
+#include "qt/inc/delegates/line_edit_item_delegate.h"
 #include "qt/inc/delegates/roles.h"

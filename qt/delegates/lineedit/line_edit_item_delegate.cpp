@@ -1,0 +1,146 @@
+#include "qt/inc/delegates/line_edit_item_delegate.h"
+
+#include "platform/smart_assert.h"
+#include "qt/inc/delegates/roles.h"
+#include "qt/inc/detail/line_edit_impl.h"
+
+#include <QCoreApplication>
+#include <QMap>
+#include <QPainter>
+#include <QPixmap>
+#include <QPointer>
+
+#include <utility>
+
+namespace zel::qt {
+
+namespace detail {
+
+MyLineEdit::MyLineEdit(QWidget* parent)
+    : QLineEdit(parent)
+{}
+
+MyLineEdit::~MyLineEdit() = default;
+
+void MyLineEdit::emitEditingFinished()
+{
+    Q_EMIT editingFinished();
+}
+
+} // namespace detail
+
+namespace {
+
+constexpr unsigned int borderlessFlag = 1;
+
+bool hasTypedValue(const QModelIndex& index)
+{
+    return index.model()->data(index, EditRole).canConvert<boost::any>();
+}
+
+} // namespace
+
+LineEditItemDelegate::LineEditItemDelegate(QObject* parent)
+    : QItemDelegate(parent)
+{}
+
+LineEditItemDelegate::LineEditItemDelegate(boost::shared_ptr<IValidator> validator, QObject* parent)
+    : QItemDelegate(parent)
+    , m_validator(std::move(validator))
+{}
+
+LineEditItemDelegate::LineEditItemDelegate(boost::shared_ptr<IValidator> validator,
+                                           boost::function<QString(const QString&)> buttonFn,
+                                           QObject* parent)
+    : QItemDelegate(parent)
+    , m_validator(std::move(validator))
+    , m_buttonFn(std::move(buttonFn))
+{}
+
+LineEditItemDelegate::~LineEditItemDelegate() = default;
+
+void LineEditItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                                 const QModelIndex& index) const
+{
+    if (hasTypedValue(index)) {
+        QItemDelegate::paint(painter, option, index);
+        return;
+    }
+    // Inside the lines of the grid.
+    painter->fillRect(option.rect.adjusted(1, 1, -2, -2), QColor(255, 255, 255, 255));
+}
+
+QWidget* LineEditItemDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,
+                                            const QModelIndex& index) const
+{
+    if (!hasTypedValue(index)) {
+        return nullptr;
+    }
+    auto* editor = new detail::LineEditImpl(parent, borderlessFlag);
+    if (!m_buttonFn.empty()) {
+        editor->addButton(m_buttonFn, QPixmap());
+    }
+    editor->installEventFilter(const_cast<LineEditItemDelegate*>(this));
+    connect(editor, &QLineEdit::editingFinished, this, &LineEditItemDelegate::commitAndCloseEditor);
+    return editor;
+}
+
+void LineEditItemDelegate::setEditorData(QWidget* editor, const QModelIndex& index) const
+{
+    const auto value = index.model()->data(index, EditRole).value<boost::any>();
+    const QString text = m_validator->reformat(value, {});
+    auto* edit = qobject_cast<QLineEdit*>(editor);
+    ZEL_SMART_ASSERT(edit != nullptr, "edit");
+    if (edit != nullptr) {
+        edit->setText(text);
+        edit->selectAll();
+    }
+}
+
+void LineEditItemDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
+                                        const QModelIndex& index) const
+{
+    auto* edit = qobject_cast<QLineEdit*>(editor);
+    ZEL_SMART_ASSERT(edit != nullptr, "edit");
+    if (edit == nullptr) {
+        return;
+    }
+    boost::any value;
+    if (!m_validator->validate(edit->text(), value, {}) || value.empty()) {
+        return;
+    }
+    const QString display = m_validator->reformatForDisplay(value, {});
+    const QMap<int, QVariant> roles{{DisplayRole, display},
+                                    {ToolTipRole, display},
+                                    {EditRole, QVariant::fromValue<boost::any>(value)}};
+    model->setItemData(index, roles);
+}
+
+void LineEditItemDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
+                                                const QModelIndex& /*index*/) const
+{
+    editor->setGeometry(option.rect);
+}
+
+void LineEditItemDelegate::commitAndCloseEditor()
+{
+    auto* editor = qobject_cast<QWidget*>(sender());
+    // A model may ask the user about the new value, and the editor closes and dies meanwhile.
+    const QPointer<QWidget> alive = editor;
+    Q_EMIT commitData(editor);
+    if (alive || editor == nullptr) {
+        Q_EMIT closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+void LineEditItemDelegate::commitOnly()
+{
+    auto* editor = qobject_cast<QWidget*>(sender());
+    const QPointer<QWidget> alive = editor;
+    Q_EMIT commitData(editor);
+    if (alive || editor == nullptr) {
+        QCoreApplication::sendPostedEvents(editor, 0);
+    }
+}
+
+} // namespace zel::qt
