@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <utility>
+
+namespace frame_editor {
+
+/// What the program is asked to do.
+struct CommandLine
+{
+    using Setting = std::pair<QString, QString>; ///< property and text
+
+    QString modelFile;  ///< empty for none
+    QStringList select; ///< names of members
+    bool selectAll = false;
+    QVector<Setting> settings; ///< in the order given
+    int column = 0;            ///< of the unit settings
+    QString saveFile;          ///< empty for none
+    QString screenshotFile;    ///< empty for none
+    bool list = false;
+    bool print = false;
+    bool help = false;
+
+    /// Whether the program does its work and ends, instead of staying with its window.
+    bool headless() const;
+};
+
+/// Reads the arguments behind the program's name. `error` gets one line if they make no sense.
+/// @return whether they do
+bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString& error);
+
+QString commandLineHelp();
+
+} // namespace frame_editor

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "examples/frame_editor/frame_model.h"
+#include "examples/frame_editor/member_property.h"
+
+#include <QObject>
+#include <QString>
+#include <QVector>
+
+class QUndoStack;
+
+namespace frame_editor {
+
+class MemberSelection;
+
+/// A new value of a property for one member.
+struct MemberChange
+{
+    int member = -1;
+    PropertyValue value;
+};
+
+/// A new place for one node.
+struct NodeMove
+{
+    int node = -1;
+    double x = 0.0; ///< m
+    double y = 0.0; ///< m
+};
+
+/// The open model with its file, its selection and its history. Every change of the model is a
+/// step of the undo stack; views follow changed() and selectionChanged() and never keep a value.
+class Document : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Document(QObject* parent = nullptr);
+    ~Document() override;
+
+    const FrameModel& model() const;
+    MemberSelection& selection() const;
+    /// The stack is clean when the model is as it was last opened or saved.
+    QUndoStack& undoStack() const;
+
+    /// The file of the model; empty before the first open() or saveAs().
+    const QString& fileName() const;
+    bool isModified() const;
+
+    /// Opens a model file. The selection and the history start anew.
+    /// @throws ModelFileError; the open model, its selection and its history then stay as they are
+    void open(const QString& fileName);
+    /// Writes the model to a file, which becomes that of the document.
+    /// @throws ModelFileError; the document then stays as it is, modified mark included
+    void saveAs(const QString& fileName);
+    /// Replaces the model, as if it had been opened from `fileName`.
+    void setModel(const FrameModel& model, const QString& fileName);
+
+    /// Writes a property of some members as one undo step. Members that have the value already do
+    /// not count; if none is left there is no step.
+    /// @return why the change is refused, which leaves the model alone, or an empty text
+    QString setMemberValues(const MemberProperty& property,
+                            const std::vector<MemberChange>& changes);
+
+    /// Moves nodes as one undo step, under the same rules.
+    QString moveNodes(const std::vector<NodeMove>& moves);
+
+Q_SIGNALS:
+    /// A value of the model is another one: an edit, an undo, a redo, another file.
+    void changed();
+    void selectionChanged();
+    /// The file or the modified mark is another one.
+    void fileChanged();
+
+private:
+    friend class MemberCommand;
+    friend class NodeCommand;
+
+    QString refusal(const MemberProperty& property, const std::vector<MemberChange>& changes) const;
+
+    FrameModel m_model;
+    MemberSelection* m_selection;
+    QUndoStack* m_undoStack;
+    QString m_fileName;
+};
+
+} // namespace frame_editor

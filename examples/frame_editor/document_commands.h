@@ -1,0 +1,45 @@
+#pragma once
+
+#include "examples/frame_editor/document.h"
+
+#include <QUndoCommand>
+
+namespace frame_editor {
+
+/// The step of Document::setMemberValues().
+class MemberCommand : public QUndoCommand
+{
+public:
+    MemberCommand(Document& document, const MemberProperty& property,
+                  const std::vector<MemberChange>& changes);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void write(const std::vector<MemberChange>& changes);
+
+    Document& m_document;
+    const MemberProperty& m_property; ///< of memberProperties(), which outlives every command
+    std::vector<MemberChange> m_before;
+    std::vector<MemberChange> m_after;
+};
+
+/// The step of Document::moveNodes().
+class NodeCommand : public QUndoCommand
+{
+public:
+    NodeCommand(Document& document, const std::vector<NodeMove>& moves);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void write(const std::vector<NodeMove>& moves);
+
+    Document& m_document;
+    std::vector<NodeMove> m_before;
+    std::vector<NodeMove> m_after;
+};
+
+} // namespace frame_editor

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QMainWindow>
+
+class QAction;
+class QDockWidget;
+
+namespace frame_editor {
+
+class Document;
+class MemberList;
+
+/// The window on one document: its views stand in docks, its actions in menus and a tool bar.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    /// The document has to outlive the window.
+    explicit MainWindow(Document& document, QWidget* parent = nullptr);
+
+    /// Opens a model file in place of the present one. A file that cannot be read is told of in a
+    /// message box, and the open model stays.
+    /// @return whether the file is open now
+    bool openFile(const QString& fileName);
+
+    /// Shows one line in the status bar until the next one comes.
+    void showStatus(const QString& text);
+
+public Q_SLOTS:
+    /// Asks for the fate of changes and for a file.
+    void openWithDialog();
+    /// Saves to the file of the document, asking for one if it has none.
+    /// @return whether the model is saved
+    bool save();
+    bool saveWithDialog();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void createActions();
+    void createViews();
+    QDockWidget* addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content);
+    bool saveTo(const QString& fileName);
+    /// Whether the present model may go: it is saved, or the user gave it up.
+    bool mayDiscard();
+    void showFile();
+
+    Document& m_document;
+    MemberList* m_memberList = nullptr;
+};
+
+} // namespace frame_editor

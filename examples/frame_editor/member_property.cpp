@@ -1,0 +1,183 @@
+#include "examples/frame_editor/member_property.h"
+
+#include <QObject>
+
+#include <algorithm>
+#include <cmath>
+
+namespace frame_editor {
+
+namespace {
+
+// Unit sets, by what they hold.
+constexpr int lengthSet = 1001;
+constexpr int thicknessSet = 1010;
+constexpr int elasticModulusSet = 1090;
+constexpr int beddingModulusSet = 1097;
+constexpr int lineLoadSet = 1191;
+constexpr int momentSet = 1194;
+constexpr int angleSet = 1200;
+constexpr int temperatureDifferenceSet = 1237;
+
+/// The keys and labels of an enumeration, in the order of its enumerators.
+using Choices = std::vector<MemberProperty::Choice>;
+
+template <class T>
+MemberProperty plain(const char* id, const QString& label, PropertyKind kind, T Member::*field)
+{
+    MemberProperty property;
+    property.id = QLatin1String(id);
+    property.label = label;
+    property.kind = kind;
+    property.get = [field](const Member& member) { return PropertyValue(member.*field); };
+    property.set = [field](Member& member, const PropertyValue& value) {
+        member.*field = std::get<T>(value);
+    };
+    return property;
+}
+
+MemberProperty quantity(const char* id, const QString& label, int unitSet, double Member::*field)
+{
+    MemberProperty property = plain(id, label, PropertyKind::Quantity, field);
+    property.unitSet = unitSet;
+    return property;
+}
+
+template <class Enum>
+MemberProperty choice(const char* id, const QString& label, const Choices& choices,
+                      Enum Member::*field)
+{
+    MemberProperty property;
+    property.id = QLatin1String(id);
+    property.label = label;
+    property.kind = PropertyKind::Choice;
+    property.choices = choices;
+    property.get = [field, choices](const Member& member) {
+        return PropertyValue(choices.at(static_cast<std::size_t>(member.*field)).first);
+    };
+    property.set = [field, choices](Member& member, const PropertyValue& value) {
+        const QString& key = std::get<QString>(value);
+        for (std::size_t i = 0; i < choices.size(); ++i) {
+            if (choices[i].first == key) {
+                member.*field = static_cast<Enum>(i);
+            }
+        }
+    };
+    return property;
+}
+
+MemberProperty::Choice entry(const char* key, const QString& label)
+{
+    return {QLatin1String(key), label};
+}
+
+std::vector<MemberProperty> makeProperties()
+{
+    const Choices kinds{entry("column", QObject::tr("Column")), entry("beam", QObject::tr("Beam")),
+                        entry("rafter", QObject::tr("Rafter")),
+                        entry("brace", QObject::tr("Brace"))};
+    const Choices supports{
+        entry("none", QObject::tr("None")), entry("roller", QObject::tr("Roller")),
+        entry("pinned", QObject::tr("Pinned")), entry("fixed", QObject::tr("Fixed"))};
+    const Choices directions{entry("vertical", QObject::tr("Vertical, per length")),
+                             entry("projected", QObject::tr("Vertical, per plan length")),
+                             entry("normal", QObject::tr("Normal to the member"))};
+    return {
+        plain("name", QObject::tr("Name"), PropertyKind::Name, &Member::name),
+        choice("kind", QObject::tr("Kind"), kinds, &Member::kind),
+        plain("section", QObject::tr("Cross section"), PropertyKind::Section, &Member::section),
+        plain("material", QObject::tr("Material"), PropertyKind::Material, &Member::material),
+        quantity("length_offset", QObject::tr("Length offset"), lengthSet, &Member::lengthOffset),
+        quantity("line_load", QObject::tr("Line load"), lineLoadSet, &Member::lineLoad),
+        choice("load_direction", QObject::tr("Load direction"), directions, &Member::loadDirection),
+        quantity("moment", QObject::tr("Moment"), momentSet, &Member::moment),
+        quantity("temperature_difference", QObject::tr("Temperature difference"),
+                 temperatureDifferenceSet, &Member::temperatureDifference),
+        quantity("rotation", QObject::tr("Rotation"), angleSet, &Member::rotation),
+        quantity("thickness", QObject::tr("Thickness"), thicknessSet, &Member::thickness),
+        quantity("elastic_modulus", QObject::tr("Elastic modulus"), elasticModulusSet,
+                 &Member::elasticModulus),
+        choice("support", QObject::tr("Support"), supports, &Member::support),
+        plain("hinge_start", QObject::tr("Hinge at start"), PropertyKind::Flag,
+              &Member::hingeStart),
+        plain("hinge_end", QObject::tr("Hinge at end"), PropertyKind::Flag, &Member::hingeEnd),
+        plain("bedded", QObject::tr("Bedded foundation"), PropertyKind::Flag, &Member::bedded),
+        quantity("bedding_modulus", QObject::tr("Bedding modulus"), beddingModulusSet,
+                 &Member::beddingModulus),
+        plain("note", QObject::tr("Note"), PropertyKind::Text, &Member::note),
+        plain("drawing", QObject::tr("Drawing"), PropertyKind::Text, &Member::drawing),
+    };
+}
+
+QString refusalOfName(const QString& name, const FrameModel& model, int member)
+{
+    if (name.trimmed().isEmpty()) {
+        return QObject::tr("a member needs a name");
+    }
+    const int owner = model.findMember(name);
+    if (owner >= 0 && owner != member) {
+        return QObject::tr("there is a member \"%1\" already").arg(name);
+    }
+    return QString();
+}
+
+} // namespace
+
+QString MemberProperty::choiceLabel(const QString& key) const
+{
+    for (const Choice& choice : choices) {
+        if (choice.first == key) {
+            return choice.second;
+        }
+    }
+    return key;
+}
+
+const std::vector<MemberProperty>& memberProperties()
+{
+    static const std::vector<MemberProperty> properties = makeProperties();
+    return properties;
+}
+
+const MemberProperty* findMemberProperty(const QString& id)
+{
+    for (const MemberProperty& property : memberProperties()) {
+        if (property.id == id) {
+            return &property;
+        }
+    }
+    return nullptr;
+}
+
+QString refusalOf(const MemberProperty& property, const PropertyValue& value,
+                  const FrameModel& model, int member)
+{
+    switch (property.kind) {
+    case PropertyKind::Name:
+        return refusalOfName(std::get<QString>(value), model, member);
+    case PropertyKind::Quantity:
+        return std::isfinite(std::get<double>(value)) ? QString()
+                                                      : QObject::tr("this is no finite number");
+    case PropertyKind::Section:
+        return model.findSection(std::get<QString>(value)) >= 0
+                   ? QString()
+                   : QObject::tr("the model has no cross section \"%1\"")
+                         .arg(std::get<QString>(value));
+    case PropertyKind::Material:
+        return model.findMaterial(std::get<QString>(value)) >= 0
+                   ? QString()
+                   : QObject::tr("the model has no material \"%1\"").arg(std::get<QString>(value));
+    case PropertyKind::Choice: {
+        const QString& key = std::get<QString>(value);
+        const bool known = std::any_of(property.choices.begin(), property.choices.end(),
+                                       [&key](const auto& choice) { return choice.first == key; });
+        return known ? QString() : QObject::tr("\"%1\" is no such choice").arg(key);
+    }
+    case PropertyKind::Text:
+    case PropertyKind::Flag:
+        break;
+    }
+    return QString();
+}
+
+} // namespace frame_editor
