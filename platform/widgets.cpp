@@ -1,7 +1,11 @@
 #include "platform/widgets.h"
 
+#include <QAbstractItemView>
 #include <QCoreApplication>
+#include <QLineEdit>
 #include <QLocale>
+#include <QSignalBlocker>
+#include <QStyleOptionComboBox>
 #include <QTranslator>
 
 #include <memory>
@@ -101,4 +105,138 @@ ZEL_QT4_ComboBox::ZEL_QT4_ComboBox(QWidget* parent, const char* name)
     : QComboBox(parent)
 {
     setNameOf(*this, name);
+    view();
+}
+
+QString ZEL_QT4_ComboBox::getVariousText()
+{
+    return QObject::tr("*VARIES*");
+}
+
+void ZEL_QT4_ComboBox::setSorting(bool sorting)
+{
+    setInsertPolicy(sorting ? InsertAlphabetically : InsertAtBottom);
+    if (sorting) {
+        model()->sort(modelColumn());
+        if (m_various.isValid()) {
+            addVarious(false);
+        }
+    }
+}
+
+void ZEL_QT4_ComboBox::setWidthTextEnabled(bool enabled)
+{
+    m_widthTextEnabled = enabled;
+    updateGeometry();
+}
+
+void ZEL_QT4_ComboBox::addVarious(bool select)
+{
+    const bool isLast = m_various.isValid() && m_various.row() == count() - 1;
+    if (!isLast) {
+        const bool wasCurrent = m_various.isValid() && currentIndex() == m_various.row();
+        const QPersistentModelIndex current = modelIndex(currentIndex());
+        const QString text = shownText();
+        {
+            // The current item stays, so there is no change of it to tell of; Qt would pick
+            // another one for a moment, or the varies item for good if it is the first item.
+            const QSignalBlocker quiet(this);
+            const QSignalBlocker quietEdit(lineEdit());
+            if (m_various.isValid()) {
+                removeItem(m_various.row());
+            }
+            insertItem(count(), getVariousText());
+            m_various = modelIndex(count() - 1);
+            QFont font = this->font();
+            font.setItalic(true);
+            setItemData(m_various.row(), font, Qt::FontRole);
+            setCurrentIndex(wasCurrent ? m_various.row() : current.row());
+            if (isEditable() && lineEdit()->text() != text) {
+                lineEdit()->setText(text);
+            }
+        }
+        updateGeometry();
+    }
+    if (select) {
+        if (currentIndex() != m_various.row()) {
+            m_beforeVarious = modelIndex(currentIndex());
+        }
+        setCurrentIndex(m_various.row());
+    }
+}
+
+void ZEL_QT4_ComboBox::removeVarious()
+{
+    if (!m_various.isValid()) {
+        return;
+    }
+    const int row = m_various.row();
+    if (currentIndex() == row) {
+        if (isEditable() && shownText() != itemText(row)) {
+            const QString typed = shownText();
+            const QSignalBlocker quiet(lineEdit());
+            setCurrentIndex(m_beforeVarious.row());
+            lineEdit()->setText(typed);
+        } else {
+            setCurrentIndex(m_beforeVarious.row());
+        }
+    }
+    removeItem(row);
+    updateGeometry();
+}
+
+bool ZEL_QT4_ComboBox::isVarious(int index) const
+{
+    return m_various.isValid() && index == m_various.row();
+}
+
+int ZEL_QT4_ComboBox::getCurrentId() const
+{
+    int index = currentIndex();
+    if (isEditable() && shownText() != itemText(index)) {
+        index = findText(shownText(), Qt::MatchExactly | Qt::MatchCaseSensitive);
+    }
+    return isVarious(index) ? getVariousId() : index;
+}
+
+int ZEL_QT4_ComboBox::getVariousId() const
+{
+    return -2;
+}
+
+QSize ZEL_QT4_ComboBox::sizeHint() const
+{
+    QSize hint = QComboBox::sizeHint();
+    const bool byContents =
+        sizeAdjustPolicy() == AdjustToContents || sizeAdjustPolicy() == AdjustToContentsOnFirstShow;
+    if (!m_widthTextEnabled || !byContents || count() == 0) {
+        return hint;
+    }
+    const QFontMetrics metrics = fontMetrics();
+    int widest = minimumContentsLength() * metrics.horizontalAdvance(QLatin1Char('X'));
+    bool hasIcon = false;
+    for (int i = 0; i < count(); ++i) {
+        widest = qMax(widest, metrics.boundingRect(itemText(i)).width());
+        widest = qMax(widest, metrics.horizontalAdvance(itemText(i)));
+        hasIcon = hasIcon || !itemIcon(i).isNull();
+    }
+    if (hasIcon) {
+        const int gap = 4;
+        widest += iconSize().width() + gap;
+    }
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    const QSize contents(widest, metrics.height());
+    hint.setWidth(style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this).width());
+    return hint;
+}
+
+QModelIndex ZEL_QT4_ComboBox::modelIndex(int row) const
+{
+    return model()->index(row, modelColumn(), rootModelIndex());
+}
+
+QString ZEL_QT4_ComboBox::shownText() const
+{
+    return isEditable() ? lineEdit()->text() : currentText();
 }

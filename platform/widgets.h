@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QLabel>
 #include <QMetaObject>
+#include <QPersistentModelIndex>
 #include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -73,13 +74,52 @@ public:
 ZEL_QT_EXPORT bool zel_connect(const QObject* sender, const char* signal, const QObject* receiver,
                                const char* slot, Qt::ConnectionType type = Qt::AutoConnection);
 
-/// A combo box that can show, beside its entries, one more item that says that the values of
-/// several objects differ. That varies item stands behind the entries, shows getVariesString()'s
-/// text, and never counts as an entry: entries keep their indexes while it is there, and
-/// count() and the ids of entries go from 0 to the number of entries less 1.
+/// A combo box that can show, behind its entries, one more item that says that the values of
+/// several objects differ. Entries keep their indexes while this varies item is shown.
+///
+/// The varies item is a row of the model: it stands in the drop-down list, count() includes it, and
+/// the user can choose it like an entry. isVarious() and getCurrentId() tell it from the entries.
+/// clear() takes it out with all others.
 class ZEL_QT_EXPORT ZEL_QT4_ComboBox : public QComboBox
 {
     Q_OBJECT
 public:
+    /// Makes its list view at once, so that whoever walks the children finds it.
     explicit ZEL_QT4_ComboBox(QWidget* parent = nullptr, const char* name = nullptr);
+
+    /// The text of the varies item, in the application's language.
+    static QString getVariousText();
+
+    /// Whether the entries stand in alphabetical order. True sorts those that there are and has a
+    /// text that the user adds inserted among them; false, the default, has it added at the end.
+    void setSorting(bool sorting);
+    /// With true the size hint is as wide as the widest text of the moment, the varies item's
+    /// included, where the size adjust policy goes by the contents. QComboBox by itself measures
+    /// the contents only once. False by default.
+    void setWidthTextEnabled(bool enabled);
+
+    /// Adds the varies item if it is not shown, and puts it behind all others if it is.
+    /// @param select makes it current as well; otherwise the current item stays
+    void addVarious(bool select);
+    /// Takes the varies item out. If it is current, the item that was current before it was
+    /// selected becomes so again. A text that the user typed in its place stays.
+    void removeVarious();
+    /// Whether the item at an index is the varies item.
+    bool isVarious(int index) const;
+
+    /// The id of an entry is its index. In editable mode the text shown decides: this is the id of
+    /// the item with that text, -1 if there is none. Without a current item it is -1.
+    int getCurrentId() const;
+    /// What getCurrentId() gives for the varies item; never the id of an entry.
+    int getVariousId() const;
+
+    QSize sizeHint() const override;
+
+private:
+    QModelIndex modelIndex(int row) const;
+    QString shownText() const;
+
+    QPersistentModelIndex m_various;
+    QPersistentModelIndex m_beforeVarious;
+    bool m_widthTextEnabled = false;
 };

@@ -1,8 +1,14 @@
 #pragma once
 
 // The varying-value protocol, line edits, choice controls, layouters and helpers.
+#include "qt/inc/controls/assign_style.h"
 #include "qt/inc/controls/button_configuration.h"
+#include "qt/inc/controls/check_box.h"
+#include "qt/inc/controls/check_box_group.h"
+#include "qt/inc/controls/enum_box.h"
 #include "qt/inc/controls/expand_direction.h"
+#include "qt/inc/controls/group_box.h"
+#include "qt/inc/controls/layouters.h"
 #include "qt/inc/controls/multi_edit_control_base.h"
 #include "qt/inc/controls/multi_edit_line_edit.h"
 #include "qt/inc/controls/multi_edit_line_edit_with_button.h"
@@ -10,8 +16,11 @@
 #include "qt/inc/controls/named_value_list.h"
 #include "qt/inc/controls/on_value_changed_hook.h"
 #include "qt/inc/controls/pixmap.h"
+#include "qt/inc/controls/push_buttons.h"
+#include "qt/inc/controls/radio_button_group.h"
 #include "qt/inc/controls/signal_blocker.h"
 #include "qt/inc/controls/simple_line_edit.h"
+#include "qt/inc/controls/toolbar.h"
 #include "qt/inc/controls/varies_string.h"
 #include "qt/inc/detail/line_edit_impl.h"
 #include "qt/inc/detail/popups.h"

@@ -45,11 +45,11 @@ public:
     /// @param withGroupBox frames the buttons
     /// @param withButtonGroup makes the buttons exclusive by a QButtonGroup instead of by their
     ///        common parent
-    SimpleRadioButtonGroup(const QString& label, const NamedValueList& values,
-                           bool (*const& equalFn)(const boost::any&, const boost::any&),
-                           const boost::function<bool(const boost::any&, const boost::any&)>& lessFn,
-                           QWidget* parent, ILayouter* layouter = nullptr, bool withGroupBox = true,
-                           bool withButtonGroup = true);
+    SimpleRadioButtonGroup(
+        const QString& label, const NamedValueList& values,
+        bool (*const& equalFn)(const boost::any&, const boost::any&),
+        const boost::function<bool(const boost::any&, const boost::any&)>& lessFn, QWidget* parent,
+        ILayouter* layouter = nullptr, bool withGroupBox = true, bool withButtonGroup = true);
     ~SimpleRadioButtonGroup() override;
 
     /// The value of the checked button. If none is checked, reports the assertion "false" and

@@ -1,12 +1,13 @@
 #include "qt/inc/controls/varies_string.h"
 
-#include <QObject>
+#include "platform/widgets.h"
 
 namespace zel::qt {
 
 QString getVariesString()
 {
-    return QObject::tr("*VARIES*");
+    // One text for all: that of the item which the combo box shows for differing values.
+    return ZEL_QT4_ComboBox::getVariousText();
 }
 
 } // namespace zel::qt
