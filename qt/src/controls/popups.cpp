@@ -63,6 +63,10 @@ bool PopupBase::eventFilter(QObject* watched, QEvent* e)
 {
     if (e->type() == QEvent::FocusIn) {
         show();
+    } else if (e->type() == QEvent::Hide) {
+        // The loss of focus that comes with it is one of the active window, which is no reason to
+        // hide below: the popup would be left behind alone.
+        hide();
     } else if (e->type() == QEvent::FocusOut) {
         QWidget* const focused = QApplication::focusWidget();
         if (static_cast<QFocusEvent*>(e)->reason() != Qt::ActiveWindowFocusReason &&
@@ -79,13 +83,18 @@ bool PopupBase::eventFilter(QObject* watched, QEvent* e)
 
 void PopupBase::keepActivationAway()
 {
-    // A tool window is activated when it is mapped or clicked, by some window managers or by the
-    // platform. The edit would then lose the focus to its own popup: typing would go nowhere, and
-    // a commit would follow that the user did not ask for. Qt::WA_ShowWithoutActivating helps only
-    // on some platforms and never against a click, but none activates a tool tip. To the widget
-    // and its style the popup stays a tool window, which shares the activation of the edit's
-    // window and so is told when that ends.
-    if (QWindow* const window = windowHandle()) {
+    QWindow* const window = windowHandle();
+    if (window == nullptr) {
+        return;
+    }
+    // A tool window is activated when it is clicked, by some window managers also when it is
+    // mapped, and Qt::WA_ShowWithoutActivating does not help everywhere. The edit would then lose
+    // the focus to its own popup: typing would go nowhere, and a commit would follow that the user
+    // did not ask for. So the window says that it accepts no focus; to the widget it stays the
+    // tool window that is stacked with the edit's window.
+    window->setFlag(Qt::WindowDoesNotAcceptFocus);
+    if (QGuiApplication::platformName() == QLatin1String("offscreen")) {
+        // This platform activates all that is shown but tool tips.
         window->setFlags((window->flags() & ~Qt::WindowType_Mask) | Qt::ToolTip);
     }
 }
