@@ -1,11 +1,15 @@
 # What all targets of the project share: language level, warnings, sanitizers, symbol visibility.
 
+file(RELATIVE_PATH zel_root_from_build ${CMAKE_BINARY_DIR} ${PROJECT_SOURCE_DIR})
+string(REGEX REPLACE "/$" "" zel_root_from_build "${zel_root_from_build}")
 add_library(zel_options INTERFACE)
 target_compile_features(zel_options INTERFACE cxx_std_17)
 target_compile_options(zel_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion
     # __FILE__ is the path from the root, in assertion reports too.
-    -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
+    -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=
+    # A compiler cache with a base directory hands the compiler relative paths.
+    -fmacro-prefix-map=${zel_root_from_build}/=)
 if(ZEL_WARNINGS_AS_ERRORS)
     target_compile_options(zel_options INTERFACE -Werror)
 endif()

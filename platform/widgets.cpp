@@ -25,15 +25,21 @@ QStringList& translationNames()
     return names;
 }
 
-/// Runs once the application object exists; the translators live as long as it does.
+/// The translator lives as long as the application object.
+void loadTranslation(const QString& name)
+{
+    auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
+    if (translator->load(QLocale(), name, QStringLiteral("_"),
+                         QStringLiteral(":/zel/translations"))) {
+        QCoreApplication::installTranslator(translator.release());
+    }
+}
+
+/// Runs for each application object that is made.
 void loadTranslations()
 {
     for (const QString& name : qAsConst(translationNames())) {
-        auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
-        if (translator->load(QLocale(), name, QStringLiteral("_"),
-                             QStringLiteral(":/zel/translations"))) {
-            QCoreApplication::installTranslator(translator.release());
-        }
+        loadTranslation(name);
     }
 }
 
@@ -93,6 +99,9 @@ ZEL_QT_InitTranslator::ZEL_QT_InitTranslator(const char* name)
         qAddPreRoutine(loadTranslations);
     }
     translationNames().append(QString::fromUtf8(name));
+    if (QCoreApplication::instance() != nullptr) {
+        loadTranslation(translationNames().last()); // the library came late, as a plug-in does
+    }
 }
 
 bool zel_connect(const QObject* sender, const char* signal, const QObject* receiver,

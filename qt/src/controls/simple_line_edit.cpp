@@ -8,7 +8,6 @@
 #include <QApplication>
 #include <QFocusEvent>
 #include <QPainter>
-#include <QPointer>
 #include <QStyleOptionButton>
 
 #include <algorithm>
@@ -232,15 +231,12 @@ bool SimpleLineEdit::eventFilter(QObject* watched, QEvent* e)
     // the former case. So it handles the event first, here, since this filter is the last one.
     const bool lent = isFocusLentToPopup(*m_edit, *static_cast<QFocusEvent*>(e));
     bool finished = false;
-    const QPointer<SimpleLineEdit> self = this;
     const auto connection =
         connect(m_edit, &QLineEdit::editingFinished, this, [&finished] { finished = true; });
     m_edit->event(e);
-    if (self) {
-        disconnect(connection);
-        if (!finished && !lent && m_edit->hasAcceptableInput()) {
-            Q_EMIT m_edit->editingFinished();
-        }
+    disconnect(connection);
+    if (!finished && !lent && m_edit->hasAcceptableInput()) {
+        Q_EMIT m_edit->editingFinished();
     }
     return true;
 }
