@@ -1,16 +1,15 @@
-# zel_boost_regex: what the code that uses Boost.Regex links, on every Boost from 1.74 on.
-# Before 1.76 that is a compiled library; since then it is headers alone.
+# zel_boost_regex: what is linked for Boost.Regex, on every Boost from 1.74 on. Before 1.76 that is
+# a compiled library, which hosts need too: a validator throws its exceptions.
 
-add_library(zel_boost_regex INTERFACE)
-target_link_libraries(zel_boost_regex INTERFACE Boost::headers)
+set(zel_boost_regex "")
 if(Boost_VERSION VERSION_LESS 1.76)
-    find_package(Boost ${Boost_VERSION} QUIET OPTIONAL_COMPONENTS regex)
+    find_package(Boost ${zel_boost_version} QUIET OPTIONAL_COMPONENTS regex)
     if(TARGET Boost::regex)
-        target_link_libraries(zel_boost_regex INTERFACE Boost::regex)
+        set(zel_boost_regex Boost::regex)
     else()
         # A machine with the runtime library alone has no unversioned name for it.
         find_library(zel_boost_regex_library REQUIRED
             NAMES boost_regex libboost_regex.so.${Boost_VERSION})
-        target_link_libraries(zel_boost_regex INTERFACE ${zel_boost_regex_library})
+        set(zel_boost_regex ${zel_boost_regex_library})
     endif()
 endif()

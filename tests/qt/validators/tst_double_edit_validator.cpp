@@ -179,7 +179,7 @@ void DoubleEditValidatorTest::formats_data()
     QTest::addColumn<int>("precision");
     QTest::addColumn<QString>("text");
     QTest::newRow("no digits") << 2.4 << 0 << "2";
-    QTest::newRow("one digit") << 2.25 << 1 << "2.2";
+    QTest::newRow("one digit") << 2.26 << 1 << "2.3";
     QTest::newRow("default") << 2.5 << 3 << "2.500";
     QTest::newRow("negative") << -2.5 << 2 << "-2.50";
     QTest::newRow("no exponent") << 1.0e8 << 1 << "100000000.0";
