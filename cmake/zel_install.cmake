@@ -52,6 +52,12 @@ if(ZEL_BUILD_QT)
          platform/environment.h platform/widgets.h qt/inc/*.h)
     zel_install_library(zel_qt qt ${zel_qt_public})
     list(APPEND zel_public_headers ${zel_qt_public})
+    # The library carries its translations in itself. The files are for a host that wants to load
+    # one by hand, and for whoever translates zel into one more language.
+    get_target_property(zel_qt_qm_files zel_qt ZEL_QM_FILES)
+    get_target_property(zel_qt_ts_files zel_qt ZEL_TS_FILES)
+    install(FILES ${zel_qt_qm_files} ${zel_qt_ts_files}
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zel/translations COMPONENT development)
 endif()
 
 configure_package_config_file(cmake/zel-config.cmake.in zel-config.cmake

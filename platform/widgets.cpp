@@ -25,13 +25,23 @@ QStringList& translationNames()
     return names;
 }
 
-/// The translator lives as long as the application object.
+/// Loads the first of the locale's languages that there is a translation for. The texts in the code
+/// are English, so there is no looking further behind English. The translator lives as long as the
+/// application object.
 void loadTranslation(const QString& name)
 {
     auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
-    if (translator->load(QLocale(), name, QStringLiteral("_"),
-                         QStringLiteral(":/zel/translations"))) {
-        QCoreApplication::installTranslator(translator.release());
+    for (QString language : QLocale().uiLanguages()) {
+        if (language.section(QLatin1Char('-'), 0, 0) == QLatin1String("en")) {
+            return;
+        }
+        language.replace(QLatin1Char('-'), QLatin1Char('_'));
+        // Shortens "de_AT" to "de" by itself.
+        if (translator->load(name + QLatin1Char('_') + language,
+                             QStringLiteral(":/zel/translations"))) {
+            QCoreApplication::installTranslator(translator.release());
+            return;
+        }
     }
 }
 

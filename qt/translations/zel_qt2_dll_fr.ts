@@ -1,0 +1,16 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="fr" sourcelanguage="en">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>Reset to default.</source>
+        <comment>makeLineEditWithOptionalValue</comment>
+        <translation>Rétablir la valeur par défaut.</translation>
+    </message>
+    <message>
+        <source>*VARIES*</source>
+        <translation>*VARIE*</translation>
+    </message>
+</context>
+</TS>
