@@ -12,5 +12,18 @@
         <source>*VARIES*</source>
         <translation>*VARIIERT*</translation>
     </message>
+    <message>
+        <source>An exception occurred:
+%1</source>
+        <translation>Eine Ausnahme ist aufgetreten:
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>zel::qt::MultiEditCheckBoxGroup</name>
+    <message>
+        <source>All</source>
+        <translation>Alle</translation>
+    </message>
 </context>
 </TS>

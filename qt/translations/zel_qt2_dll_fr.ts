@@ -12,5 +12,18 @@
         <source>*VARIES*</source>
         <translation>*VARIE*</translation>
     </message>
+    <message>
+        <source>An exception occurred:
+%1</source>
+        <translation>Une exception s’est produite :
+%1</translation>
+    </message>
+</context>
+<context>
+    <name>zel::qt::MultiEditCheckBoxGroup</name>
+    <message>
+        <source>All</source>
+        <translation>Tous</translation>
+    </message>
 </context>
 </TS>
