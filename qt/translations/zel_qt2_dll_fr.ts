@@ -15,7 +15,7 @@
     <message>
         <source>An exception occurred:
 %1</source>
-        <translation>Une exception s’est produite :
+        <translation>Une exception s’est produite&#xa0;:
 %1</translation>
     </message>
 </context>
