@@ -167,6 +167,8 @@ void ExportedSymbolsTest::everythingExportedIsDeclared()
     QFETCH(QString, library);
     QFETCH(QString, macro);
     const Declared declared = readHeaders(macro);
+    // Type information is emitted wherever it is used, so a library may repeat that of another.
+    const Declared declaredAnywhere = readHeaders(QStringLiteral("ZEL_\\w+_EXPORT"));
     const QStringList symbols = exportedSymbols(library);
     QVERIFY(symbols.size() > 10);
     QStringList undeclared;
@@ -175,9 +177,11 @@ void ExportedSymbolsTest::everythingExportedIsDeclared()
         if (declared.functions.contains(name)) {
             continue;
         }
+        const QSet<QString>& classes =
+            symbol.startsWith("typeinfo") ? declaredAnywhere.classes : declared.classes;
         bool found = false;
         for (QString scope = name; !found && !scope.isEmpty(); scope = scope.section("::", 0, -2)) {
-            found = declared.classes.contains(scope);
+            found = classes.contains(scope);
         }
         if (!found) {
             undeclared.append(symbol);
