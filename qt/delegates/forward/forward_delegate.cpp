@@ -1,5 +1,7 @@
 #include "qt/inc/delegates/forward_delegate.h"
 
+#include "platform/widgets.h"
+
 #include <QAbstractItemModel>
 #include <QAbstractItemView>
 #include <QPointer>
@@ -93,6 +95,9 @@ void ForwardDelegate::setEditorData(QWidget* editor, const QModelIndex& index) c
 void ForwardDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                    const QModelIndex& index) const
 {
+    // No editor is closed while its value is being written, even if the model runs the event loop:
+    // the view that is committing goes on with the editor.
+    const ZEL_QT_SignalBlocker blocker(const_cast<ForwardDelegate*>(this));
     if (const auto* inner = get_cell_delegate(index.row(), index.column())) {
         inner->setModelData(editor, model, index);
     } else {

@@ -1,6 +1,7 @@
 #include "qt/inc/delegates/line_edit_item_delegate.h"
 
 #include "platform/smart_assert.h"
+#include "platform/widgets.h"
 #include "qt/inc/delegates/roles.h"
 #include "qt/inc/detail/line_edit_impl.h"
 
@@ -113,6 +114,9 @@ void LineEditItemDelegate::setModelData(QWidget* editor, QAbstractItemModel* mod
     const QMap<int, QVariant> roles{{DisplayRole, display},
                                     {ToolTipRole, display},
                                     {EditRole, QVariant::fromValue<boost::any>(value)}};
+    // A model may ask the user about the value. The editor, which loses the focus then, must not
+    // be closed from within: the view that is committing goes on with it, and closes it later.
+    const ZEL_QT_SignalBlocker blocker(const_cast<LineEditItemDelegate*>(this));
     model->setItemData(index, roles);
 }
 
@@ -125,7 +129,7 @@ void LineEditItemDelegate::updateEditorGeometry(QWidget* editor, const QStyleOpt
 void LineEditItemDelegate::commitAndCloseEditor()
 {
     auto* editor = qobject_cast<QWidget*>(sender());
-    // A model may ask the user about the new value, and the editor closes and dies meanwhile.
+    // Whoever hears of it may run the event loop, in which the editor dies.
     const QPointer<QWidget> alive = editor;
     Q_EMIT commitData(editor);
     if (alive || editor == nullptr) {
