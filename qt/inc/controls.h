@@ -7,6 +7,7 @@
 #include "qt/inc/controls/check_box_group.h"
 #include "qt/inc/controls/enum_box.h"
 #include "qt/inc/controls/expand_direction.h"
+#include "qt/inc/controls/file_picker.h"
 #include "qt/inc/controls/group_box.h"
 #include "qt/inc/controls/layouters.h"
 #include "qt/inc/controls/multi_edit_control_base.h"

@@ -26,4 +26,19 @@
         <translation>Alle</translation>
     </message>
 </context>
+<context>
+    <name>zel::qt::MultiEditFilePicker</name>
+    <message>
+        <source>Open File</source>
+        <translation>Datei öffnen</translation>
+    </message>
+    <message>
+        <source>Open Files</source>
+        <translation>Dateien öffnen</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ordner öffnen</translation>
+    </message>
+</context>
 </TS>

@@ -26,4 +26,19 @@
         <translation>Tous</translation>
     </message>
 </context>
+<context>
+    <name>zel::qt::MultiEditFilePicker</name>
+    <message>
+        <source>Open File</source>
+        <translation>Ouvrir un fichier</translation>
+    </message>
+    <message>
+        <source>Open Files</source>
+        <translation>Ouvrir des fichiers</translation>
+    </message>
+    <message>
+        <source>Open Folder</source>
+        <translation>Ouvrir un dossier</translation>
+    </message>
+</context>
 </TS>
