@@ -1,5 +1,7 @@
 #include "tests/helpers/checked_test.h"
 #include "tests/helpers/data_file.h"
+#include "tests/helpers/sanitized.h"
+#include "tests/helpers/scoped_global_locale.h"
 #include "tests/units/reference/expression_parser.h"
 #include "units/inc/units.h"
 
@@ -14,14 +16,6 @@ using namespace zel::units::v1;
 using zel::test::escaped;
 using zel::test::numberText;
 namespace reference = zel::test::reference;
-
-#if defined(__SANITIZE_ADDRESS__)
-#define ZEL_TEST_SANITIZED
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define ZEL_TEST_SANITIZED
-#endif
-#endif
 
 namespace {
 
@@ -317,17 +311,15 @@ void QuantityScannerTest::generatedTextsForContexts()
 void QuantityScannerTest::generatedTextsWithFurtherBlanks()
 {
     // The expressions take the blanks of the program's locale, and some know more than ASCII's.
-    const std::locale before = std::locale::global(std::locale("C.UTF-8"));
+    const zel::test::ScopedGlobalLocale global(std::locale("C.UTF-8"));
     reference::ExpressionParser expressions(reference::ExpressionParser::Compile::Once);
-    QString differences;
     TextGenerator texts(std::random_device{}());
-    for (int i = 0; i < textCount / 20 && differences.isEmpty(); ++i) {
-        differences = difference(expressions, texts.next(), true);
+    for (int i = 0; i < textCount / 20; ++i) {
+        const QString differences = difference(expressions, texts.next(), true);
+        QVERIFY2(differences.isEmpty(), qPrintable(differences));
     }
-    const auto q = m_parser.parse(L"\u20032.5\u2003m", m_locale);
-    std::locale::global(before);
-    QVERIFY2(differences.isEmpty(), qPrintable(differences));
-    QCOMPARE(quantityText(q), QStringLiteral("2.5 of 13"));
+    QCOMPARE(quantityText(m_parser.parse(L"\u20032.5\u2003m", m_locale)),
+             QStringLiteral("2.5 of 13"));
 }
 
 void QuantityScannerTest::characterClasses_data()
@@ -340,7 +332,7 @@ void QuantityScannerTest::characterClasses_data()
 void QuantityScannerTest::characterClasses()
 {
     QFETCH(QString, globalLocale);
-    const std::locale before = std::locale::global(std::locale(globalLocale.toStdString()));
+    const zel::test::ScopedGlobalLocale global(std::locale(globalLocale.toStdString()));
     const std::regex_traits<wchar_t> traits;
     const std::wstring names = L"sd";
     const auto space = traits.lookup_classname(names.begin(), names.begin() + 1);
@@ -355,7 +347,6 @@ void QuantityScannerTest::characterClasses()
             differences += QStringLiteral(" %1").arg(c, 0, 16);
         }
     }
-    std::locale::global(before);
     QVERIFY2(differences.isEmpty(), qPrintable(differences));
 }
 

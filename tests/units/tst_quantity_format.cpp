@@ -1,0 +1,189 @@
+#include "tests/helpers/checked_test.h"
+#include "tests/helpers/data_file.h"
+#include "tests/helpers/sanitized.h"
+#include "tests/helpers/scoped_global_locale.h"
+#include "tests/units/reference/stream_formatter.h"
+#include "units/inc/units.h"
+
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <vector>
+
+using namespace zel::units::v1;
+using zel::test::CommaNumbers;
+using zel::test::numberText;
+namespace reference = zel::test::reference;
+
+namespace {
+
+#ifdef ZEL_TEST_SANITIZED
+constexpr int valueCount = 20'000;
+#else
+constexpr int valueCount = 500'000;
+#endif
+
+/// Makes numbers of all kinds, above all such as lie at the border of two texts.
+class NumberGenerator
+{
+public:
+    explicit NumberGenerator(unsigned seed)
+        : m_random(seed)
+    {}
+
+    int below(int limit)
+    {
+        return static_cast<int>(m_random() % static_cast<unsigned>(limit));
+    }
+
+    double next()
+    {
+        double value = magnitude();
+        for (int steps = below(3); steps > 0; --steps) {
+            value = std::nextafter(value, below(2) == 0 ? -HUGE_VAL : HUGE_VAL);
+        }
+        return below(2) == 0 ? -value : value;
+    }
+
+private:
+    double magnitude()
+    {
+        switch (below(7)) {
+        case 0: { // any pattern of bits
+            const std::uint64_t bits = m_random();
+            double value = 0.0;
+            std::memcpy(&value, &bits, sizeof value);
+            return value;
+        }
+        case 1: // halfway between two texts
+            return (below(2'000'000) + 0.5) / std::pow(10.0, below(9));
+        case 2: // halfway between two fractions
+            return (below(200'000) + 0.5) / (1 << below(9));
+        case 3:
+            return below(100'000);
+        case 4:
+            return std::pow(10.0, below(330) - 20);
+        case 5: {
+            static const std::vector<double> special = {
+                0.0,
+                std::numeric_limits<double>::infinity(),
+                std::numeric_limits<double>::quiet_NaN(),
+                std::numeric_limits<double>::denorm_min(),
+                std::numeric_limits<double>::min(),
+                std::numeric_limits<double>::max(),
+                1e24,
+                9007199254740992.0,
+            };
+            return special[static_cast<std::size_t>(below(static_cast<int>(special.size())))];
+        }
+        default:
+            return std::ldexp(below(1'000'000'007), below(80) - 60);
+        }
+    }
+
+    std::mt19937_64 m_random;
+};
+
+} // namespace
+
+/// What the library writes, held against the streams that define it.
+class QuantityFormatTest : public zel::test::CheckedTest
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void numbersOfAllKinds_data();
+    void numbersOfAllKinds();
+    void fractionsOfAllKinds();
+    void allUnitSetsInAllColumns();
+};
+
+void QuantityFormatTest::numbersOfAllKinds_data()
+{
+    QTest::addColumn<bool>("classic");
+    QTest::addColumn<int>("count");
+    QTest::newRow("classic locale") << true << valueCount;
+    QTest::newRow("locale with comma and thousands") << false << valueCount / 10;
+}
+
+void QuantityFormatTest::numbersOfAllKinds()
+{
+    QFETCH(bool, classic);
+    QFETCH(int, count);
+    const std::locale locale = classic ? std::locale::classic() : CommaNumbers::locale();
+    NumberGenerator numbers(std::random_device{}());
+    const UnitId length = UnitId(1001);
+    std::vector<Context> contexts;
+    for (int decimals = -1; decimals < 36; ++decimals) {
+        Context context(0);
+        context.format_provider().set_decimals(length, decimals);
+        contexts.push_back(context);
+    }
+    for (int i = 0; i < count; ++i) {
+        Context& context = contexts[static_cast<std::size_t>(numbers.below(37))];
+        const double value = numbers.next();
+        // The integer of the exponent is not defined for what has no logarithm.
+        const int notation = std::isfinite(value) ? numbers.below(2) : 0;
+        context.format_provider().set_notation(length, notation);
+        const std::wstring actual = context.format({length, value}, locale);
+        const std::wstring expected = reference::quantityText(context, {length, value}, locale);
+        QVERIFY2(actual == expected,
+                 qPrintable(
+                     QStringLiteral("%1 with %2 decimals in notation %3 gives %4, not %5")
+                         .arg(numberText(value))
+                         .arg(context.format_provider().get_decimals(length))
+                         .arg(notation)
+                         .arg(QString::fromStdWString(actual), QString::fromStdWString(expected))));
+    }
+}
+
+void QuantityFormatTest::fractionsOfAllKinds()
+{
+    NumberGenerator numbers(std::random_device{}());
+    for (int i = 0; i < valueCount; ++i) {
+        const double value = numbers.next();
+        const int denominator =
+            numbers.below(4) == 0 ? 1 + numbers.below(1'000'000) : 1 << numbers.below(10);
+        if (!(std::fabs(value) < 9e18)) {
+            continue; // no 64-bit integer, so not defined by the streams
+        }
+        for (const std::wstring& label : {std::wstring(), std::wstring(L"in")}) {
+            const std::wstring actual =
+                formatFraction(value, denominator, label, std::locale::classic());
+            const std::wstring expected =
+                reference::fractionText(value, denominator, label, std::locale::classic());
+            QVERIFY2(actual == expected, qPrintable(QStringLiteral("%1 in 1/%2 gives %3, not %4")
+                                                        .arg(numberText(value))
+                                                        .arg(denominator)
+                                                        .arg(QString::fromStdWString(actual),
+                                                             QString::fromStdWString(expected))));
+        }
+    }
+}
+
+void QuantityFormatTest::allUnitSetsInAllColumns()
+{
+    NumberGenerator numbers(std::random_device{}());
+    const ZelUnitProvider units;
+    int written = 0;
+    for (int column = 0; column < 10; ++column) {
+        const Context context(column);
+        for (const UnitId id : units.get_unit_ids()) {
+            if (!context.converter().can_convert(id, context.format_provider().get_unit(id))) {
+                continue; // a set shown in a unit that it does not allow
+            }
+            for (int i = 0; i < 3; ++i) {
+                const double value = numbers.below(2'000'000) / 1000.0 - 1000.0;
+                QCOMPARE(
+                    QString::fromStdWString(context.format({id, value}, std::locale::classic())),
+                    QString::fromStdWString(
+                        reference::quantityText(context, {id, value}, std::locale::classic())));
+                ++written;
+            }
+        }
+    }
+    QVERIFY(written > 10 * 3 * 500);
+}
+
+QTEST_GUILESS_MAIN(QuantityFormatTest)
+#include "tst_quantity_format.moc"
