@@ -65,3 +65,20 @@ configure_package_config_file(cmake/zel-config.cmake.in zel-config.cmake
 write_basic_package_version_file(zel-config-version.cmake COMPATIBILITY SameMajorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/zel-config.cmake ${PROJECT_BINARY_DIR}/zel-config-version.cmake
     DESTINATION ${zel_cmake_dir} COMPONENT development)
+
+# The example host application, under a name that tells where it belongs.
+if(TARGET frame_editor)
+    set_target_properties(frame_editor PROPERTIES INSTALL_RPATH "${zel_program_rpath}")
+    install(TARGETS frame_editor RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT example)
+    install(CODE "set(zel_bin \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
+        file(RENAME \"\${zel_bin}/frame_editor\" \"\${zel_bin}/zel-frame-editor\")"
+        COMPONENT example)
+    install(DIRECTORY examples/frame_editor/models
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zel/frame_editor COMPONENT example)
+    install(FILES packaging/zel-frame-editor.desktop
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT example)
+endif()
+
+if(PROJECT_IS_TOP_LEVEL AND CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    include(cmake/zel_packages.cmake)
+endif()
