@@ -2,6 +2,7 @@
 
 #include "qt/inc/controls/enum_box.h"
 #include "qt/inc/controls/multi_edit_line_edit.h"
+#include "qt/inc/factories/hint_keys.h"
 #include "qt/inc/integer_validator.h"
 #include "qt/inc/validators/distance_edit_validator.h"
 #include "qt/inc/validators/double_edit_validator.h"
@@ -59,7 +60,7 @@ std::unique_ptr<IValidator> withEmptyValue(std::unique_ptr<Validator> validator,
 
 std::unique_ptr<IValidator> makeStringValidator(const HintTree& hints)
 {
-    const int maxLength = readHintOr<int>(hints, "validator.max_length", defaultMaxLength);
+    const int maxLength = readHintOr<int>(hints, hint_keys::validatorMaxLength, defaultMaxLength);
     auto validator = std::make_unique<StringEditValidator>(static_cast<std::size_t>(maxLength));
     validator->setStorageType(StringEditValidator::Utf8);
     return validator;
@@ -82,7 +83,8 @@ std::unique_ptr<IValidator> makeValidator(const std::string& type, bool optional
         return std::make_unique<StringEditValidator>(defaultMaxLength);
     }
     if (type == "unit") {
-        const auto unit = readHintOr<units::UnitId>(hints, "validator.unit_id", units::UnitId(1));
+        const auto unit =
+            readHintOr<units::UnitId>(hints, hint_keys::validatorUnitId, units::UnitId(1));
         return withEmptyValue(
             std::make_unique<UnitValidator>(units::v1::get_active_input_context(), unit), optional);
     }
@@ -103,14 +105,14 @@ std::unique_ptr<IValidator> makeValidator(const std::string& type, bool optional
 
 EditorMetaData createLineEdit(QWidget* parent, bool optional, const HintTree& hints)
 {
-    const auto type = readHintOr<std::string>(hints, "validator.type", {});
+    const auto type = readHintOr<std::string>(hints, hint_keys::validatorType, {});
     std::unique_ptr<IValidator> validator = makeValidator(type, optional, hints);
     if (!validator) {
         return {};
     }
     // Deliberately only here: the other types have no default, and complain if they are optional.
     const DefaultFn defaultFn =
-        type == "double" ? readHintOr<DefaultFn>(hints, "default_fn", {}) : DefaultFn();
+        type == "double" ? readHintOr<DefaultFn>(hints, hint_keys::defaultFn, {}) : DefaultFn();
     return metaDataOf(
         makeLineEditWithOptionalValue(parent, validator.release(), optional, defaultFn));
 }
@@ -118,8 +120,8 @@ EditorMetaData createLineEdit(QWidget* parent, bool optional, const HintTree& hi
 EditorMetaData createEnumBox(QWidget* parent, const HintTree& hints)
 {
     using EqualFn = bool (*)(const boost::any&, const boost::any&);
-    const auto equal = readNeededHint<EqualFn>(hints, "equal_value_fn");
-    const auto values = readNeededHint<NamedValueList>(hints, "values");
+    const auto equal = readNeededHint<EqualFn>(hints, hint_keys::equalValueFn);
+    const auto values = readNeededHint<NamedValueList>(hints, hint_keys::values);
     MultiEditEnumBox* const box = MultiEditEnumBox::create(parent, QString(), equal);
     box->setValues(values, PixmapPtrList(), {});
     box->layout()->setContentsMargins(0, 0, 0, 0);
@@ -130,7 +132,7 @@ EditorMetaData createEnumBox(QWidget* parent, const HintTree& hints)
 
 EditorMetaData createEditorFromHints(QWidget* parent, const HintTree& hints)
 {
-    const auto name = readHintOr<std::string>(hints, "editor", {});
+    const auto name = readHintOr<std::string>(hints, hint_keys::editor, {});
     if (name.empty()) {
         return {};
     }
@@ -140,7 +142,7 @@ EditorMetaData createEditorFromHints(QWidget* parent, const HintTree& hints)
         const EditorCreator creator = registered->second;
         return creator(parent, hints);
     }
-    const bool optional = readHintOr<bool>(hints, "optional", false);
+    const bool optional = readHintOr<bool>(hints, hint_keys::optional, false);
     if (name == "lineedit") {
         return createLineEdit(parent, optional, hints);
     }
