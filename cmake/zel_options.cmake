@@ -15,7 +15,9 @@ if(ZEL_WARNINGS_AS_ERRORS)
 endif()
 if(ZEL_SANITIZE)
     target_compile_options(zel_options INTERFACE
-        -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer)
+        -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
+        # With the instrumentation in between, GCC warns of empty optionals that nobody reads.
+        -Wno-maybe-uninitialized)
     target_link_options(zel_options INTERFACE -fsanitize=address,undefined)
 endif()
 
