@@ -342,11 +342,12 @@ void SimpleLineEdit::paintEvent(QPaintEvent* e)
     if (!m_onClicked) {
         return;
     }
-    // The option has no rectangle on purpose: the style gets its say, the visible button is
-    // m_button.
+    // The option has no rectangle on purpose: the visible button is m_button. Some styles draw a
+    // dot even so, hence the clip.
     QStyleOptionButton option;
     option.text = QStringLiteral("...");
     QPainter painter(this);
+    painter.setClipRect(option.rect);
     style()->drawControl(QStyle::CE_PushButton, &option, &painter, this);
     style()->drawControl(QStyle::CE_PushButtonLabel, &option, &painter, this);
 }
