@@ -1,7 +1,6 @@
 #include "units/src/definitions/unit_definitions.h"
 
 #include "units/src/definitions/unit_table.h"
-#include "units/src/unitset/unit_set_table.h"
 
 #include <cstddef>
 
@@ -21,90 +20,107 @@ std::vector<std::string> aliasesOf(std::int32_t id)
     }
 }
 
-std::vector<UnitDefinition> buildUnitDefinitions()
+UnitFormat unpack(std::int32_t unit, std::int32_t format)
 {
-    std::vector<UnitDefinition> units;
-    units.reserve(unitTableSize);
-    for (const UnitDefinitionRow& row : unitTable) {
-        units.push_back({UnitId(row.id), (row.dimension & baseUnitBit) != 0 ? 1 : 0,
-                         row.dimension & ~baseUnitBit, row.format, row.factor, row.label,
-                         aliasesOf(row.id)});
-    }
-    return units;
+    return {UnitId(unit), format % 100, format / 100, boost::none};
 }
 
-std::vector<UnitSet> buildUnitSets()
+UnitDefinition recordOf(const UnitDefinitionRow& row)
 {
-    std::vector<UnitSet> sets;
-    sets.reserve(unitSetTableSize);
-    for (const UnitSetRow& row : unitSetTable) {
-        UnitSet set{&row, {}};
-        for (const std::int32_t unit : row.allowed) {
-            if (unit == 0) {
-                break;
-            }
-            set.allowed.push_back(UnitId(unit));
+    return {UnitId(row.id),
+            (row.dimension & baseUnitBit) != 0 ? 1 : 0,
+            row.dimension & ~baseUnitBit,
+            unpack(row.id, row.format),
+            row.factor,
+            row.label,
+            aliasesOf(row.id)};
+}
+
+UnitSet recordOf(const UnitSetRow& row)
+{
+    UnitSet set{UnitId(row.id), {}, {}};
+    for (std::size_t i = 0; i < columnCount; ++i) {
+        set.defaults[i] = unpack(row.defaults[i].unit, row.defaults[i].format);
+    }
+    for (const std::int32_t unit : row.allowed) {
+        if (unit == 0) {
+            break;
         }
-        sets.push_back(std::move(set));
+        set.allowed.push_back(UnitId(unit));
     }
-    return sets;
+    return set;
 }
 
-/// The ids are small and dense enough for a plain array from id to the first row of that id.
-class RowIndex
+/// The records of one table. The ids are small and dense enough for an array from id to record.
+template <class Record>
+class Records
 {
 public:
     template <class Row, std::size_t N>
-    explicit RowIndex(const Row (&rows)[N])
+    explicit Records(const Row (&rows)[N])
     {
-        for (std::size_t i = 0; i < N; ++i) {
-            const auto id = static_cast<std::size_t>(rows[i].id);
-            if (id >= m_rows.size()) {
-                m_rows.resize(id + 1, none);
+        m_records.reserve(N);
+        for (const Row& row : rows) {
+            const Record& record = m_records.emplace_back(recordOf(row));
+            const auto id = static_cast<std::size_t>(row.id);
+            if (id >= m_byId.size()) {
+                m_byId.resize(id + 1, nullptr);
             }
-            if (m_rows[id] == none) {
-                m_rows[id] = i;
+            if (m_byId[id] == nullptr) {
+                m_byId[id] = &record;
             }
         }
     }
 
-    template <class Record>
-    const Record* find(const std::vector<Record>& records, UnitId id) const
+    const std::vector<Record>& all() const
+    {
+        return m_records;
+    }
+
+    /// The first record of the id, or null.
+    const Record* find(UnitId id) const
     {
         const auto i = static_cast<std::size_t>(static_cast<std::uint32_t>(id));
-        return i < m_rows.size() && m_rows[i] != none ? &records[m_rows[i]] : nullptr;
+        return i < m_byId.size() ? m_byId[i] : nullptr;
     }
 
 private:
-    static constexpr std::size_t none = static_cast<std::size_t>(-1);
-
-    std::vector<std::size_t> m_rows;
+    std::vector<Record> m_records;
+    std::vector<const Record*> m_byId;
 };
+
+const Records<UnitDefinition>& unitRecords()
+{
+    static const Records<UnitDefinition> records(unitTable);
+    return records;
+}
+
+const Records<UnitSet>& setRecords()
+{
+    static const Records<UnitSet> records(unitSetTable);
+    return records;
+}
 
 } // namespace
 
 const std::vector<UnitDefinition>& unitDefinitions()
 {
-    static const std::vector<UnitDefinition> units = buildUnitDefinitions();
-    return units;
+    return unitRecords().all();
 }
 
 const std::vector<UnitSet>& unitSets()
 {
-    static const std::vector<UnitSet> sets = buildUnitSets();
-    return sets;
+    return setRecords().all();
 }
 
 const UnitDefinition* findUnit(UnitId id)
 {
-    static const RowIndex index(unitTable);
-    return index.find(unitDefinitions(), id);
+    return unitRecords().find(id);
 }
 
 const UnitSet* findUnitSet(UnitId id)
 {
-    static const RowIndex index(unitSetTable);
-    return index.find(unitSets(), id);
+    return setRecords().find(id);
 }
 
 } // namespace zel::units::v1::detail

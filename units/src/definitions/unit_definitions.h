@@ -1,14 +1,15 @@
 #pragma once
 
+#include "units/inc/format_provider.h"
 #include "units/inc/unit_id.h"
+#include "units/src/unitset/unit_set_table.h"
 
+#include <array>
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace zel::units::v1::detail {
-
-struct UnitSetRow;
 
 /// A plain unit at run time.
 struct UnitDefinition
@@ -16,7 +17,7 @@ struct UnitDefinition
     UnitId id;
     int is_base;
     std::uint32_t dimension; ///< without the bit of the base unit
-    int format;              ///< 100 * notation + decimals
+    UnitFormat format;       ///< the unit as it is shown where nothing else is set
     double factor;
     std::string label;                ///< UTF-8
     std::vector<std::string> aliases; ///< UTF-8
@@ -25,7 +26,8 @@ struct UnitDefinition
 /// A unit set at run time.
 struct UnitSet
 {
-    const UnitSetRow* row;
+    UnitId id;
+    std::array<UnitFormat, columnCount> defaults; ///< what each column shows
     std::vector<UnitId> allowed;
 };
 

@@ -1,7 +1,6 @@
 #include "units/inc/unit_provider.h"
 
 #include "units/src/definitions/unit_definitions.h"
-#include "units/src/unitset/unit_set_table.h"
 
 #include <stdexcept>
 
@@ -44,7 +43,7 @@ std::vector<UnitId> collectIds()
         ids.push_back(unit.id);
     }
     for (const UnitSet& set : detail::unitSets()) {
-        ids.push_back(UnitId(set.row->id));
+        ids.push_back(set.id);
     }
     return ids;
 }

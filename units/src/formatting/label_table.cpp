@@ -49,9 +49,8 @@ const LabelTable& LabelTable::ofZelUnits()
 std::size_t LabelTable::Hash::operator()(std::wstring_view text) const
 {
     std::uint64_t hash = 0xcbf29ce484222325u;
-    const auto* bytes = reinterpret_cast<const unsigned char*>(text.data());
-    for (std::size_t i = 0; i < text.size() * sizeof(wchar_t); ++i) {
-        hash = (hash ^ bytes[i]) * 0x100000001b3u;
+    for (const wchar_t c : text) {
+        hash = (hash ^ static_cast<std::uint32_t>(c)) * 0x100000001b3u;
     }
     return static_cast<std::size_t>(hash);
 }

@@ -27,7 +27,7 @@ public:
     static const LabelTable& ofZelUnits();
 
 private:
-    /// FNV-1a over the bytes of the text.
+    /// FNV-1a, a character at a time.
     struct Hash
     {
         std::size_t operator()(std::wstring_view text) const;

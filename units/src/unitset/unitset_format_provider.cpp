@@ -2,43 +2,12 @@
 
 #include "platform/smart_assert.h"
 #include "units/src/definitions/unit_definitions.h"
-#include "units/src/unitset/unit_set_table.h"
 
-#include <array>
 #include <cstddef>
 #include <stdexcept>
-#include <unordered_map>
 
 namespace zel::units::v1 {
 namespace {
-
-using DefaultsOfOneUnit = std::array<UnitFormat, detail::columnCount>;
-
-UnitFormat unpack(std::int32_t unit, std::int32_t format)
-{
-    return {UnitId(unit), format % 100, format / 100, boost::none};
-}
-
-std::unordered_map<std::int32_t, DefaultsOfOneUnit> buildDefaults()
-{
-    std::unordered_map<std::int32_t, DefaultsOfOneUnit> defaults;
-    for (const detail::UnitSetRow& row : detail::unitSetTable) {
-        DefaultsOfOneUnit& formats = defaults[row.id];
-        for (std::size_t i = 0; i < formats.size(); ++i) {
-            formats[i] = unpack(row.defaults[i].unit, row.defaults[i].format);
-        }
-    }
-    return defaults;
-}
-
-/// The defaults of a unit set in all columns, or null. "dummy" has some too, so the id 0 is shown
-/// in unit 1.
-const DefaultsOfOneUnit* findDefaults(UnitId id)
-{
-    static const std::unordered_map<std::int32_t, DefaultsOfOneUnit> defaults = buildDefaults();
-    const auto found = defaults.find(id);
-    return found != defaults.end() ? &found->second : nullptr;
-}
 
 bool isPlainId(UnitId id)
 {
@@ -66,14 +35,15 @@ const UnitFormat* UnitsetFormatProvider::format_for(UnitId id) const
             return &found->second;
         }
     }
-    const DefaultsOfOneUnit* defaults_of_one_unit = findDefaults(id);
-    if (defaults_of_one_unit == nullptr) {
+    // "dummy" is a unit set here, so the id 0 is shown in unit 1.
+    const detail::UnitSet* set = detail::findUnitSet(id);
+    if (set == nullptr) {
         return nullptr;
     }
     const auto index = static_cast<std::size_t>(m_column);
-    const bool inside = index < defaults_of_one_unit->size();
+    const bool inside = index < set->defaults.size();
     ZEL_SMART_ASSERT(inside, "index < defaults_of_one_unit->size()");
-    return inside ? &(*defaults_of_one_unit)[index] : nullptr;
+    return inside ? &set->defaults[index] : nullptr;
 }
 
 UnitFormat& UnitsetFormatProvider::override_for(UnitId id)
@@ -114,7 +84,7 @@ int UnitsetFormatProvider::get_decimals(UnitId id) const
     if (unit == nullptr) {
         throwInvalid();
     }
-    return unpack(id, unit->format).decimals;
+    return unit->format.decimals;
 }
 
 void UnitsetFormatProvider::set_decimals(UnitId id, int decimals)
@@ -132,7 +102,7 @@ int UnitsetFormatProvider::get_notation(UnitId id) const
     }
     // Deliberately unlike get_decimals(): a plain id without a unit has a notation.
     const detail::UnitDefinition* unit = detail::findUnit(id);
-    return unit != nullptr ? unpack(id, unit->format).notation : Notation::Fixed;
+    return unit != nullptr ? unit->format.notation : Notation::Fixed;
 }
 
 void UnitsetFormatProvider::set_notation(UnitId id, int notation)
