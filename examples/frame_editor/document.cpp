@@ -70,6 +70,7 @@ void Document::setModel(const FrameModel& model, const QString& fileName)
     m_undoStack->clear();
     m_model = model;
     m_fileName = fileName;
+    Q_EMIT modelReplaced();
     Q_EMIT changed();
     Q_EMIT fileChanged();
 }

@@ -65,6 +65,8 @@ public:
     QString moveNodes(const std::vector<NodeMove>& moves);
 
 Q_SIGNALS:
+    /// Another model is open; changed() follows.
+    void modelReplaced();
     /// A value of the model is another one: an edit, an undo, a redo, another file.
     void changed();
     void selectionChanged();

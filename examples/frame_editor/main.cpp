@@ -1,36 +1,94 @@
 #include "examples/frame_editor/command_line.h"
 #include "examples/frame_editor/document.h"
+#include "examples/frame_editor/headless_run.h"
 #include "examples/frame_editor/main_window.h"
+#include "examples/frame_editor/member_selection.h"
+#include "examples/frame_editor/standard_form.h"
+#include "examples/frame_editor/unit_settings.h"
 
 #include <QApplication>
 
 #include <cstdio>
 
+namespace {
+
+using namespace frame_editor;
+
+int fail(const QString& message)
+{
+    std::fprintf(stderr, "frame_editor: %s\n", message.toUtf8().constData());
+    return 2;
+}
+
+bool hasDisplay()
+{
+    return !qEnvironmentVariableIsEmpty("DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") ||
+           !qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM");
+}
+
+QtMessageHandler outerHandler = nullptr;
+
+/// Drops what the platform without a screen says of itself: standard error is for our own line.
+void dropPlatformMessages(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (!text.startsWith(QLatin1String("This plugin does not support ")) &&
+        !text.startsWith(QLatin1String("QStandardPaths: XDG_RUNTIME_DIR"))) {
+        outerHandler(type, context, text);
+    }
+}
+
+/// Opens the model in the window and stays until the window is closed.
+int runWindow(const CommandLine& line, Document& document, UnitSettings& units, MainWindow& window)
+{
+    units.setColumn(line.column);
+    window.show();
+    if (!line.modelFile.isEmpty() && window.openFile(line.modelFile)) {
+        QVector<int> members;
+        for (std::size_t i = 0; i < document.model().members.size(); ++i) {
+            if (line.selectAll || line.select.contains(document.model().members.at(i).name)) {
+                members << static_cast<int>(i);
+            }
+        }
+        document.selection().set(members);
+    }
+    return QApplication::exec();
+}
+
+} // namespace
+
 int main(int argc, char* argv[])
 {
-    using namespace frame_editor;
-
+    // Arguments are read as UTF-8, whatever the locale: units such as the degree sign stand in
+    // them.
     QStringList arguments;
     for (int i = 1; i < argc; ++i) {
-        arguments << QString::fromLocal8Bit(argv[i]);
+        arguments << QString::fromUtf8(argv[i]);
     }
     CommandLine line;
     QString error;
     if (!parseCommandLine(arguments, line, error)) {
-        std::fprintf(stderr, "frame_editor: %s\n", qPrintable(error));
-        return 2;
+        return fail(error);
     }
     if (line.help) {
-        std::fputs(qPrintable(commandLineHelp()), stdout);
+        std::fputs(commandLineHelp().toUtf8().constData(), stdout);
         return 0;
+    }
+    if (!hasDisplay()) {
+        if (!line.headless()) {
+            return fail(QObject::tr("there is no display for a window; --help tells what goes "
+                                    "without one"));
+        }
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    if (line.headless()) {
+        outerHandler = qInstallMessageHandler(dropPlatformMessages);
     }
     QApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("frame_editor"));
     Document document;
-    MainWindow window(document);
-    window.show();
-    if (!line.modelFile.isEmpty()) {
-        window.openFile(line.modelFile);
-    }
-    return QApplication::exec();
+    UnitSettings units;
+    MainWindow window(document, units, standardForm());
+    return line.headless() ? runHeadless(line, document, units, window)
+                           : runWindow(line, document, units, window);
 }

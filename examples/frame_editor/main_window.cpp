@@ -3,13 +3,17 @@
 #include "examples/frame_editor/document.h"
 #include "examples/frame_editor/member_list.h"
 #include "examples/frame_editor/model_file.h"
+#include "examples/frame_editor/property_panel.h"
+#include "examples/frame_editor/unit_settings.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QStatusBar>
@@ -19,58 +23,115 @@
 
 namespace frame_editor {
 
-MainWindow::MainWindow(Document& document, QWidget* parent)
+MainWindow::MainWindow(Document& document, UnitSettings& units, const Form& form, QWidget* parent)
     : QMainWindow(parent)
     , m_document(document)
+    , m_units(units)
 {
     setObjectName(QStringLiteral("mainWindow"));
-    createActions();
-    createViews();
+    // The views come first: they are what Tab goes through first.
+    createViews(form);
+    QToolBar* bar = addToolBar(tr("Tools"));
+    bar->setObjectName(QStringLiteral("tools"));
+    createFileActions(*bar);
+    createEditActions(*bar);
+    createUnitChooser(*bar);
     connect(&document, &Document::fileChanged, this, &MainWindow::showFile);
     showFile();
     statusBar()->showMessage(tr("Ready"));
-    resize(1180, 760);
+    resize(1180, 800);
 }
 
-void MainWindow::createActions()
+MainWindow::~MainWindow()
 {
-    QMenu* fileMenu = menuBar()->addMenu(tr("&File"));
-    QAction* open = fileMenu->addAction(style()->standardIcon(QStyle::SP_DialogOpenButton),
-                                        tr("&Open..."), this, &MainWindow::openWithDialog);
+    // While the window is whole: the field with the focus ends its editing now.
+    hide();
+}
+
+PropertyPanel& MainWindow::panel() const
+{
+    return *m_panel;
+}
+
+void MainWindow::createFileActions(QToolBar& bar)
+{
+    QMenu* menu = menuBar()->addMenu(tr("&File"));
+    QAction* open = menu->addAction(style()->standardIcon(QStyle::SP_DialogOpenButton),
+                                    tr("&Open..."), this, &MainWindow::openWithDialog);
     open->setShortcut(QKeySequence::Open);
-    QAction* saveAction = fileMenu->addAction(style()->standardIcon(QStyle::SP_DialogSaveButton),
-                                              tr("&Save"), this, &MainWindow::save);
-    saveAction->setShortcut(QKeySequence::Save);
-    QAction* saveAs = fileMenu->addAction(tr("Save &as..."), this, &MainWindow::saveWithDialog);
+    QAction* save = menu->addAction(style()->standardIcon(QStyle::SP_DialogSaveButton), tr("&Save"),
+                                    this, &MainWindow::save);
+    save->setShortcut(QKeySequence::Save);
+    QAction* saveAs = menu->addAction(tr("Save &as..."), this, &MainWindow::saveWithDialog);
     saveAs->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
-    fileMenu->addSeparator();
-    QAction* quit = fileMenu->addAction(tr("&Quit"), this, &QWidget::close);
+    menu->addSeparator();
+    QAction* quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
-
-    QMenu* editMenu = menuBar()->addMenu(tr("&Edit"));
-    QUndoStack& stack = m_document.undoStack();
-    QAction* undo = stack.createUndoAction(this, tr("Undo"));
-    undo->setIcon(style()->standardIcon(QStyle::SP_ArrowBack));
-    undo->setShortcut(QKeySequence::Undo);
-    QAction* redo = stack.createRedoAction(this, tr("Redo"));
-    redo->setIcon(style()->standardIcon(QStyle::SP_ArrowForward));
-    redo->setShortcut(QKeySequence::Redo);
-    editMenu->addAction(undo);
-    editMenu->addAction(redo);
-
-    QToolBar* bar = addToolBar(tr("Tools"));
-    bar->setObjectName(QStringLiteral("tools"));
-    bar->addAction(open);
-    bar->addAction(saveAction);
-    bar->addSeparator();
-    bar->addAction(undo);
-    bar->addAction(redo);
+    bar.addAction(open);
+    bar.addAction(save);
+    bar.addSeparator();
 }
 
-void MainWindow::createViews()
+void MainWindow::createEditActions(QToolBar& bar)
 {
-    m_memberList = new MemberList(m_document, this);
-    addDock(Qt::LeftDockWidgetArea, tr("Members"), m_memberList);
+    QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+    QUndoStack& stack = m_document.undoStack();
+    // What is being typed is a step of its own, and the first one to be undone.
+    QAction* undo = menu->addAction(style()->standardIcon(QStyle::SP_ArrowBack), QString(), this,
+                                    [this, &stack] {
+                                        m_panel->commitPending();
+                                        stack.undo();
+                                    });
+    undo->setObjectName(QStringLiteral("undo"));
+    undo->setShortcut(QKeySequence::Undo);
+    QAction* redo = menu->addAction(style()->standardIcon(QStyle::SP_ArrowForward), QString(), this,
+                                    [this, &stack] {
+                                        m_panel->commitPending();
+                                        stack.redo();
+                                    });
+    redo->setObjectName(QStringLiteral("redo"));
+    redo->setShortcut(QKeySequence::Redo);
+    const auto show = [&stack, undo, redo] {
+        undo->setText(tr("&Undo %1").arg(stack.undoText()).trimmed());
+        undo->setEnabled(stack.canUndo());
+        redo->setText(tr("&Redo %1").arg(stack.redoText()).trimmed());
+        redo->setEnabled(stack.canRedo());
+    };
+    connect(&stack, &QUndoStack::indexChanged, undo, show);
+    show();
+    bar.addAction(undo);
+    bar.addAction(redo);
+    bar.addSeparator();
+}
+
+void MainWindow::createUnitChooser(QToolBar& bar)
+{
+    auto* label = new QLabel(tr("U&nits "), &bar);
+    auto* chooser = new QComboBox(&bar);
+    chooser->setObjectName(QStringLiteral("units"));
+    chooser->setAccessibleName(tr("Units"));
+    chooser->setToolTip(tr("The units of length, thickness, load and elastic modulus"));
+    for (int column = 0; column < UnitSettings::columnCount; ++column) {
+        chooser->addItem(columnName(column));
+    }
+    chooser->setCurrentIndex(m_units.column());
+    label->setBuddy(chooser);
+    bar.addWidget(label);
+    bar.addWidget(chooser);
+    connect(chooser, qOverload<int>(&QComboBox::currentIndexChanged), &m_units,
+            &UnitSettings::setColumn);
+    connect(&m_units, &UnitSettings::changed, chooser,
+            [this, chooser] { chooser->setCurrentIndex(m_units.column()); });
+}
+
+void MainWindow::createViews(const Form& form)
+{
+    QDockWidget* members =
+        addDock(Qt::LeftDockWidgetArea, tr("Members"), new MemberList(m_document, this));
+    m_panel = new PropertyPanel(m_document, m_units, form, this);
+    QDockWidget* properties = addDock(Qt::RightDockWidgetArea, tr("Properties"), m_panel);
+    resizeDocks({members, properties}, {260, 560}, Qt::Horizontal);
+    connect(m_panel, &PropertyPanel::told, this, &MainWindow::showStatus);
 }
 
 QDockWidget* MainWindow::addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content)
@@ -127,6 +188,7 @@ bool MainWindow::saveWithDialog()
 
 bool MainWindow::saveTo(const QString& fileName)
 {
+    m_panel->commitPending();
     try {
         m_document.saveAs(fileName);
     } catch (const ModelFileError& error) {
@@ -140,6 +202,7 @@ bool MainWindow::saveTo(const QString& fileName)
 
 bool MainWindow::mayDiscard()
 {
+    m_panel->commitPending();
     if (!m_document.isModified()) {
         return true;
     }

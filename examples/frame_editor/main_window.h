@@ -2,21 +2,30 @@
 
 #include <QMainWindow>
 
-class QAction;
+class QComboBox;
 class QDockWidget;
+class QMenu;
+class QToolBar;
 
 namespace frame_editor {
 
 class Document;
 class MemberList;
+class PropertyPanel;
+class UnitSettings;
+struct Form;
 
 /// The window on one document: its views stand in docks, its actions in menus and a tool bar.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 public:
-    /// The document has to outlive the window.
-    explicit MainWindow(Document& document, QWidget* parent = nullptr);
+    /// Document and settings have to outlive the window.
+    MainWindow(Document& document, UnitSettings& units, const Form& form,
+               QWidget* parent = nullptr);
+    ~MainWindow() override;
+
+    PropertyPanel& panel() const;
 
     /// Opens a model file in place of the present one. A file that cannot be read is told of in a
     /// message box, and the open model stays.
@@ -38,8 +47,10 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void createActions();
-    void createViews();
+    void createFileActions(QToolBar& bar);
+    void createEditActions(QToolBar& bar);
+    void createUnitChooser(QToolBar& bar);
+    void createViews(const Form& form);
     QDockWidget* addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content);
     bool saveTo(const QString& fileName);
     /// Whether the present model may go: it is saved, or the user gave it up.
@@ -47,7 +58,8 @@ private:
     void showFile();
 
     Document& m_document;
-    MemberList* m_memberList = nullptr;
+    UnitSettings& m_units;
+    PropertyPanel* m_panel = nullptr;
 };
 
 } // namespace frame_editor

@@ -12,7 +12,7 @@ namespace {
 QString itemText(const Member& member)
 {
     const MemberProperty& kind = *findMemberProperty(QStringLiteral("kind"));
-    return QStringLiteral("%1    %2, %3")
+    return QStringLiteral("%1  (%2, %3)")
         .arg(member.name, kind.choiceLabel(std::get<QString>(kind.get(member))), member.section);
 }
 

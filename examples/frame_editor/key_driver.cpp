@@ -1,0 +1,162 @@
+#include "examples/frame_editor/key_driver.h"
+
+#include "examples/frame_editor/property_field.h"
+
+#include "qt/inc/controls.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace frame_editor {
+
+namespace {
+
+void press(QWidget* widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+           const QString& text = QString())
+{
+    QKeyEvent down(QEvent::KeyPress, key, modifiers, text);
+    QApplication::sendEvent(widget, &down);
+    QKeyEvent up(QEvent::KeyRelease, key, modifiers, text);
+    QApplication::sendEvent(widget, &up);
+}
+
+void pressReturn(QWidget* widget)
+{
+    press(widget, Qt::Key_Return, Qt::NoModifier, QStringLiteral("\r"));
+}
+
+void focus(QWidget* widget)
+{
+    widget->setFocus(Qt::TabFocusReason);
+    QApplication::processEvents();
+}
+
+void typeInto(QLineEdit& edit, const QString& text)
+{
+    focus(&edit);
+    press(&edit, Qt::Key_A, Qt::ControlModifier);
+    press(&edit, Qt::Key_Delete);
+    const QVector<uint> characters = text.toUcs4();
+    for (const uint character : characters) {
+        press(&edit, 0, Qt::NoModifier, QString::fromUcs4(&character, 1));
+    }
+    if (edit.text() != text && edit.text().startsWith(text) && edit.hasSelectedText()) {
+        press(&edit, Qt::Key_Delete); // a completion that nobody asked for
+    }
+    pressReturn(&edit);
+    QApplication::processEvents();
+}
+
+/// Whether the text of an entry is meant by what the user of the command line wrote.
+bool means(const PropertyField& field, const QString& text, const QString& entry)
+{
+    return text == entry || field.property().choiceLabel(text) == entry;
+}
+
+void pickFrom(QComboBox& combo, const PropertyField& field, const QString& text)
+{
+    int row = -1;
+    for (int i = 0; i < combo.count() && row < 0 && text != zel::qt::getVariesString(); ++i) {
+        row = means(field, text, combo.itemText(i)) ? i : -1;
+    }
+    if (row < 0) {
+        throw NoSuchChoice(
+            QObject::tr("%1: \"%2\" is not in the list").arg(field.property().label, text));
+    }
+    focus(&combo);
+    press(&combo, Qt::Key_Down, Qt::AltModifier);
+    QApplication::processEvents();
+    QAbstractItemView* list = combo.view();
+    press(list, Qt::Key_Home);
+    for (int i = 0; i < row; ++i) {
+        press(list, Qt::Key_Down);
+    }
+    pressReturn(list);
+    QApplication::processEvents();
+}
+
+void pickButton(QWidget& group, const PropertyField& field, const QString& text)
+{
+    for (QRadioButton* button : group.findChildren<QRadioButton*>()) {
+        if (means(field, text, button->text())) {
+            focus(button);
+            if (!button->isChecked()) {
+                press(button, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+            }
+            return;
+        }
+    }
+    throw NoSuchChoice(
+        QObject::tr("%1: there is no choice \"%2\"").arg(field.property().label, text));
+}
+
+bool readFlag(const PropertyField& field, const QString& text)
+{
+    const QString lower = text.toLower();
+    if (lower == QLatin1String("yes") || lower == QLatin1String("true")) {
+        return true;
+    }
+    if (lower == QLatin1String("no") || lower == QLatin1String("false")) {
+        return false;
+    }
+    throw NoSuchChoice(
+        QObject::tr("%1: \"%2\" is neither yes nor no").arg(field.property().label, text));
+}
+
+void pressSpace(QWidget* widget)
+{
+    focus(widget);
+    press(widget, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
+}
+
+void setGroupBox(QGroupBox& box, const PropertyField& field, bool value)
+{
+    if (field.varies()) {
+        const QString name =
+            field.property().id + (value ? QStringLiteral("All") : QStringLiteral("None"));
+        if (auto* button = box.window()->findChild<QPushButton*>(name)) {
+            pressSpace(button);
+        }
+    } else if (box.isChecked() != value) {
+        pressSpace(&box);
+    }
+}
+
+} // namespace
+
+NoSuchChoice::NoSuchChoice(const QString& message)
+    : std::runtime_error(message.toStdString())
+{}
+
+void enterText(PropertyField& field, const QString& text)
+{
+    QWidget* editor = field.editor();
+    if (zel::qt::MultiEditLineEdit* line = field.lineEdit()) {
+        typeInto(line->edit(), text);
+    } else if (auto* group = qobject_cast<QGroupBox*>(editor)) {
+        setGroupBox(*group, field, readFlag(field, text));
+    } else if (auto* combo = editor->findChild<QComboBox*>()) {
+        if (combo->isEditable()) {
+            typeInto(*combo->lineEdit(), text);
+        } else {
+            pickFrom(*combo, field, text);
+        }
+    } else if (auto* check = editor->findChild<QCheckBox*>()) {
+        const Qt::CheckState wanted = readFlag(field, text) ? Qt::Checked : Qt::Unchecked;
+        // From the state of members that differ the way to "no" leads over "yes".
+        for (int i = 0; i < 2 && check->checkState() != wanted; ++i) {
+            pressSpace(check);
+        }
+    } else {
+        pickButton(*editor, field, text);
+    }
+}
+
+} // namespace frame_editor

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QString>
+
+#include <stdexcept>
+
+class QWidget;
+
+namespace frame_editor {
+
+class PropertyField;
+
+/// A text that no user could enter into an editor: there is no such choice.
+class NoSuchChoice : public std::runtime_error
+{
+public:
+    explicit NoSuchChoice(const QString& message);
+};
+
+/// Enters a text into the editor of a field by the keys that a user would press: types it into a
+/// line edit, picks it from a list, checks or unchecks a box. Choices go by what the user reads or
+/// by their key in files; boxes take "yes" and "no", "true" and "false". The end of editing
+/// follows, so the field has an outcome afterwards, unless nothing was to be done.
+///
+/// The window of the field has to be the active one.
+/// @throws NoSuchChoice before anything is pressed
+void enterText(PropertyField& field, const QString& text);
+
+} // namespace frame_editor

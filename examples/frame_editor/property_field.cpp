@@ -1,0 +1,322 @@
+#include "examples/frame_editor/property_field.h"
+
+#include "examples/frame_editor/document.h"
+#include "examples/frame_editor/field_value.h"
+#include "examples/frame_editor/quantity_edit.h"
+#include "examples/frame_editor/unit_settings.h"
+
+#include "qt/inc/controls.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScopedValueRollback>
+
+#include <set>
+
+namespace frame_editor {
+
+namespace {
+
+const QString historyName = QStringLiteral("frame_editor/");
+
+bool endsInUnit(const QString& text)
+{
+    const QString trimmed = text.trimmed();
+    return !trimmed.isEmpty() && !trimmed.back().isDigit() && trimmed.back() != QLatin1Char('.');
+}
+
+} // namespace
+
+PropertyField::PropertyField(Document& document, const MemberProperty& property,
+                             const zel::qt::HintTree& hints, QWidget* parent)
+    : QObject(parent)
+    , m_document(document)
+    , m_property(property)
+    , m_editor(zel::qt::createEditorFromHints(parent, hints))
+{
+    if (m_editor.editor) {
+        m_control = dynamic_cast<zel::qt::MultiEditControlBase*>(m_editor.editor);
+        m_lineEdit = dynamic_cast<zel::qt::MultiEditLineEdit*>(m_editor.editor);
+        m_quantity = dynamic_cast<QuantityEdit*>(m_editor.editor);
+        if (dynamic_cast<zel::qt::MultiEditFilePicker*>(m_editor.editor)) {
+            m_lineEdit = m_editor.editor->findChild<zel::qt::MultiEditLineEdit*>();
+        }
+        m_editor.editor->setObjectName(property.id);
+        watchEditor();
+    }
+}
+
+PropertyField::~PropertyField() = default;
+
+const MemberProperty& PropertyField::property() const
+{
+    return m_property;
+}
+
+QWidget* PropertyField::editor() const
+{
+    return m_editor.editor;
+}
+
+zel::qt::MultiEditLineEdit* PropertyField::lineEdit() const
+{
+    return m_lineEdit;
+}
+
+bool PropertyField::isPending() const
+{
+    return m_typed && *m_typed != m_shown;
+}
+
+const FieldOutcome& PropertyField::lastOutcome() const
+{
+    return m_outcome;
+}
+
+QString PropertyField::limitsText() const
+{
+    return m_quantity ? m_quantity->quantityValidator().limitsText() : QString();
+}
+
+void PropertyField::watchEditor()
+{
+    m_hook = std::make_unique<zel::qt::OnValueChangedHook>(m_editor.editor,
+                                                           [this] { onValueChanged(); });
+    for (QComboBox* combo : m_editor.editor->findChildren<QComboBox*>()) {
+        combo->setFocusPolicy(Qt::StrongFocus);
+        combo->installEventFilter(this);
+    }
+    if (!m_lineEdit) {
+        return;
+    }
+    // The borderless look of a table cell does not fit a form.
+    m_lineEdit->setStyleSheet(QString());
+    QLineEdit& edit = m_lineEdit->edit();
+    edit.setStyleSheet(QString());
+    edit.installEventFilter(this);
+    connect(&edit, &QLineEdit::textEdited, this, [this](const QString& text) { m_typed = text; });
+    const QString key = historyName + m_property.id;
+    m_lineEdit->setValueHistory(
+        zel::ValueHistory::create(historyName.toStdWString(), key.toStdWString()));
+}
+
+void PropertyField::load(const QVector<int>& members)
+{
+    const QScopedValueRollback<bool> loading(m_loading, true);
+    m_members = members;
+    m_typed.reset();
+    if (!m_editor.editor) {
+        return;
+    }
+    showNothingTyped();
+    std::set<QString> texts;
+    for (const int index : members) {
+        const PropertyValue value =
+            m_property.get(m_document.model().members.at(static_cast<std::size_t>(index)));
+        texts.insert(displayText(m_property, value));
+    }
+    // What the user reads is what differs or not: two numbers behind one text are one to him.
+    if (texts.size() > 1) {
+        m_editor.forceVaries();
+    } else if (!members.isEmpty()) {
+        const auto first = static_cast<std::size_t>(members.first());
+        m_editor.setValue(
+            toEditorValue(m_property, m_property.get(m_document.model().members.at(first))));
+    }
+    m_shown = m_lineEdit ? m_lineEdit->edit().text() : QString();
+}
+
+void PropertyField::showNothingTyped()
+{
+    if (m_quantity) {
+        m_quantity->quantityValidator().forgetText();
+    }
+    if (m_lineEdit) {
+        // Neither setValue() nor forceVaries() takes the colour and the hint of the last editing
+        // off; an empty text, which is good and has no hint, does.
+        m_lineEdit->edit().setText(QString());
+        m_lineEdit->onTextEdited(QString());
+    } else if (m_control) {
+        // A group box that varied is enabled again by this alone.
+        m_control->reset();
+        for (QLineEdit* edit : m_editor.editor->findChildren<QLineEdit*>()) {
+            edit->setStyleSheet(QString());
+        }
+    }
+}
+
+void PropertyField::choose(const PropertyValue& value)
+{
+    {
+        const QScopedValueRollback<bool> loading(m_loading, true);
+        showNothingTyped();
+        m_editor.setValue(toEditorValue(m_property, value));
+    }
+    onValueChanged();
+}
+
+bool PropertyField::varies() const
+{
+    return m_control && m_control->dataVaries();
+}
+
+void PropertyField::commitPending()
+{
+    if (isPending()) {
+        m_lineEdit->onEditingFinished();
+    }
+}
+
+void PropertyField::onValueChanged()
+{
+    if (m_loading || m_members.isEmpty()) {
+        return;
+    }
+    m_outcome = m_lineEdit ? commitText() : commitChoice();
+    Q_EMIT committed();
+}
+
+FieldOutcome PropertyField::commitText()
+{
+    const QString text = m_lineEdit->edit().text();
+    // Entries of the history come without typing.
+    if (text == m_shown && !isPending()) {
+        m_typed.reset();
+        return {};
+    }
+    const QString typed = m_typed.value_or(text);
+    if (!m_lineEdit->isValueValid()) {
+        m_typed = typed;
+        return refuse(m_quantity ? m_quantity->quantityValidator().refusal(text)
+                                 : tr("\"%1\" cannot stand here").arg(text));
+    }
+    const std::optional<double> moved =
+        m_quantity ? m_quantity->quantityValidator().takeMoved() : std::nullopt;
+    boost::any value;
+    const bool decided = m_editor.getValue(value);
+    const std::optional<PropertyValue> converted = fromEditorValue(m_property, value);
+    if (!decided || !converted) {
+        return {};
+    }
+    FieldOutcome outcome = write(*converted);
+    if (outcome.kind == FieldOutcome::Refused) {
+        m_typed = typed;
+        return outcome;
+    }
+    m_typed.reset();
+    m_shown = text;
+    rememberText(typed);
+    if (moved) {
+        outcome.message = tr("%1: limited to %2, \"%3\" was typed")
+                              .arg(m_property.label, displayText(m_property, *converted), typed);
+    }
+    return outcome;
+}
+
+FieldOutcome PropertyField::commitChoice()
+{
+    boost::any value;
+    if (!m_editor.getValue(value)) {
+        return {};
+    }
+    const std::optional<PropertyValue> converted = fromEditorValue(m_property, value);
+    if (!converted) {
+        const auto* combo = m_editor.editor->findChild<QComboBox*>();
+        const QString text = combo ? combo->currentText() : QString();
+        // The item that says that the members differ leaves them so.
+        return text == zel::qt::getVariesString()
+                   ? FieldOutcome()
+                   : refuse(tr("\"%1\" is not in the list").arg(text));
+    }
+    return write(*converted);
+}
+
+FieldOutcome PropertyField::write(const PropertyValue& value)
+{
+    std::vector<MemberChange> changes;
+    for (const int member : m_members) {
+        changes.push_back({member, value});
+    }
+    bool differs = false;
+    for (const int member : m_members) {
+        const auto index = static_cast<std::size_t>(member);
+        differs = differs || m_property.get(m_document.model().members.at(index)) != value;
+    }
+    // The document tells all views of its change, this field among them; from here on the text
+    // counts as taken.
+    const std::optional<QString> typed = m_typed;
+    m_typed.reset();
+    const QString reason = m_document.setMemberValues(m_property, changes);
+    if (!reason.isEmpty()) {
+        m_typed = typed;
+        return refuse(reason);
+    }
+    FieldOutcome outcome;
+    outcome.kind = differs ? FieldOutcome::Written : FieldOutcome::Unchanged;
+    return outcome;
+}
+
+FieldOutcome PropertyField::refuse(const QString& reason)
+{
+    if (m_lineEdit) {
+        // The colour of a bad text, also where it is the model that refuses.
+        m_lineEdit->edit().setStyleSheet(QStringLiteral("QLineEdit { color: #e61414; }"));
+    }
+    FieldOutcome outcome;
+    outcome.kind = FieldOutcome::Refused;
+    outcome.message = tr("%1: %2; nothing is written").arg(m_property.label, reason);
+    return outcome;
+}
+
+void PropertyField::rememberText(const QString& typed)
+{
+    // An entry is to mean the same value whenever and under whichever units it is chosen again.
+    // The text in the field does, unless it is rounded; what was typed does, if it has a unit.
+    if (!m_quantity || typed == m_lineEdit->edit().text()) {
+        m_lineEdit->addCurrentValueToValueHistory();
+        return;
+    }
+    const QString shown = m_lineEdit->edit().text();
+    const zel::units::v1::Context& context = zel::units::v1::get_active_input_context();
+    const auto read = [this, &context](const QString& text) {
+        return context.parse(text.toStdWString(), zel::units::UnitId(m_property.unitSet),
+                             std::locale::classic());
+    };
+    const auto first = static_cast<std::size_t>(m_members.first());
+    const double value = std::get<double>(m_property.get(m_document.model().members.at(first)));
+    const auto shownValue = read(shown);
+    if (shownValue && shownValue->value == value) {
+        m_lineEdit->addCurrentValueToValueHistory();
+    } else {
+        const QString entry = endsInUnit(typed) ? typed.trimmed()
+                                                : typed.trimmed() + QLatin1Char(' ') +
+                                                      shownUnit(context, m_property.unitSet);
+        m_lineEdit->valueHistory()->add(entry.toStdWString());
+    }
+}
+
+bool PropertyField::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::Wheel) {
+        // Scrolling the form must not change the choice that happens to pass below the mouse.
+        event->ignore();
+        return true;
+    }
+    if (event->type() == QEvent::ShortcutOverride && !isPending()) {
+        // The edit would keep the keys for undoing its own typing, of which there is none.
+        auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Undo) || key->matches(QKeySequence::Redo)) {
+            event->ignore();
+            return true;
+        }
+    }
+    if (event->type() == QEvent::KeyPress && isPending() &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        load(m_members);
+        return true;
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace frame_editor

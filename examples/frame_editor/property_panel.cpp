@@ -1,0 +1,373 @@
+#include "examples/frame_editor/property_panel.h"
+
+#include "examples/frame_editor/document.h"
+#include "examples/frame_editor/field_value.h"
+#include "examples/frame_editor/form_editors.h"
+#include "examples/frame_editor/member_selection.h"
+#include "examples/frame_editor/section_picture.h"
+#include "examples/frame_editor/unit_settings.h"
+
+#include "qt/inc/controls.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QUndoStack>
+#include <QVBoxLayout>
+
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+
+namespace frame_editor {
+
+using zel::qt::HintTree;
+using zel::qt::NamedValueList;
+
+namespace {
+
+constexpr int pictureSize = 24;
+
+template <class T>
+void putHint(HintTree& hints, const char* path, const T& value)
+{
+    hints.put_child(path, HintTree(boost::any(value)));
+}
+
+void putHintUnlessGiven(HintTree& hints, const char* path, const boost::any& value)
+{
+    if (!hints.get_child_optional(path)) {
+        hints.put_child(path, HintTree(value));
+    }
+}
+
+template <class Item>
+NamedValueList namesOf(const std::vector<Item>& items)
+{
+    NamedValueList values;
+    for (const Item& item : items) {
+        values.emplace_back(item.name, item.name.toStdString());
+    }
+    return values;
+}
+
+zel::qt::PixmapPtrList picturesOf(const std::vector<Section>& sections)
+{
+    double extent = 0.0;
+    for (const Section& section : sections) {
+        extent = std::max({extent, section.depth, section.width});
+    }
+    zel::qt::PixmapPtrList pictures;
+    for (const Section& section : sections) {
+        pictures.push_back(
+            boost::make_shared<QPixmap>(sectionPicture(section, pictureSize, extent)));
+    }
+    return pictures;
+}
+
+} // namespace
+
+PropertyPanel::PropertyPanel(Document& document, UnitSettings& units, const Form& form,
+                             QWidget* parent)
+    : QScrollArea(parent)
+    , m_document(document)
+    , m_units(units)
+    , m_form(form)
+{
+    registerFormEditors();
+    setObjectName(QStringLiteral("properties"));
+    setAccessibleName(tr("Properties"));
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    connect(&document, &Document::modelReplaced, this, &PropertyPanel::rebuild);
+    connect(&document, &Document::changed, this, &PropertyPanel::refresh);
+    connect(&document, &Document::selectionChanged, this, [this] {
+        // The fields still know the members that the text was meant for.
+        commitPending();
+        load();
+    });
+    connect(&units, &UnitSettings::aboutToChange, this, &PropertyPanel::commitPending);
+    connect(&units, &UnitSettings::changed, this, &PropertyPanel::rebuild);
+    rebuild();
+}
+
+PropertyPanel::~PropertyPanel() = default;
+
+PropertyField* PropertyPanel::field(const QString& property) const
+{
+    const auto found =
+        std::find_if(m_fields.begin(), m_fields.end(), [&property](const PropertyField* field) {
+            return field->property().id == property;
+        });
+    return found == m_fields.end() ? nullptr : *found;
+}
+
+const std::vector<PropertyField*>& PropertyPanel::fields() const
+{
+    return m_fields;
+}
+
+void PropertyPanel::commitPending()
+{
+    // By a copy: a commit makes the document tell its views.
+    const std::vector<PropertyField*> fields = m_fields;
+    for (PropertyField* field : fields) {
+        field->commitPending();
+    }
+}
+
+QSize PropertyPanel::sizeHint() const
+{
+    const QSize content = m_content ? m_content->sizeHint() : QSize();
+    return content + QSize(verticalScrollBar()->sizeHint().width(), 0);
+}
+
+void PropertyPanel::rebuild()
+{
+    QString focused;
+    for (PropertyField* field : m_fields) {
+        if (field->editor()->isAncestorOf(QApplication::focusWidget())) {
+            focused = field->property().id;
+        }
+        field->disconnect(this);
+    }
+    m_fields.clear();
+    m_switches.clear();
+    // The letters of the menus and of the unit chooser are not to be had.
+    m_mnemonics = {QLatin1Char('f'), QLatin1Char('e'), QLatin1Char('v'), QLatin1Char('n')};
+
+    auto* content = new QWidget;
+    m_content = content;
+    auto* layout = new QVBoxLayout(content);
+    m_heading = new QLabel(content);
+    m_heading->setObjectName(QStringLiteral("selectedMembers"));
+    m_heading->setTextFormat(Qt::PlainText);
+    m_heading->setWordWrap(true);
+    layout->addWidget(m_heading);
+    for (const FormGroup& group : m_form.groups) {
+        addGroup(group, layout);
+    }
+    layout->addStretch(1);
+    alignColumns();
+    setWidget(content);
+    load();
+    setMinimumWidth(content->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
+    if (const PropertyField* again = field(focused)) {
+        again->editor()->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void PropertyPanel::addGroup(const FormGroup& group, QBoxLayout* layout)
+{
+    QWidget* box = nullptr;
+    if (group.property) {
+        HintTree hints;
+        putHint(hints, "editor", std::string("group"));
+        putHint(hints, "label", withMnemonic(group.title).toStdString());
+        PropertyField* field =
+            adopt(new PropertyField(m_document, *group.property, hints, m_content));
+        box = field->editor();
+        layout->addWidget(box);
+        addSwitch(field, layout);
+    } else {
+        box = new QGroupBox(group.title, m_content);
+        layout->addWidget(box);
+    }
+    zel::qt::PropertyGridLayouter layouter;
+    layouter.onCreate(box);
+    int row = 0;
+    for (const FormField& formField : group.fields) {
+        addField(formField, box, row++, layouter);
+    }
+    layouter.onFinish();
+}
+
+void PropertyPanel::addSwitch(PropertyField* field, QBoxLayout* layout)
+{
+    auto* buttons = new QWidget(m_content);
+    auto* row = new QHBoxLayout(buttons);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(new QLabel(tr("The members differ:"), buttons));
+    for (const bool value : {true, false}) {
+        auto* button = new QPushButton(value ? tr("All") : tr("None"), buttons);
+        button->setObjectName(field->property().id +
+                              (value ? QStringLiteral("All") : QStringLiteral("None")));
+        button->setAccessibleName(tr("%1: %2").arg(field->property().label, button->text()));
+        connect(button, &QPushButton::clicked, field, [field, value] { field->choose(value); });
+        row->addWidget(button);
+    }
+    row->addStretch(1);
+    layout->addWidget(buttons);
+    m_switches.push_back({field, buttons});
+}
+
+void PropertyPanel::addField(const FormField& formField, QWidget* box, int row,
+                             zel::qt::PropertyGridLayouter& layouter)
+{
+    const MemberProperty& property = *formField.property;
+    HintTree hints = completed(formField);
+    const QString caption = withMnemonic(property.label);
+    putHint(hints, "label", caption.toStdString());
+    auto* field = adopt(new PropertyField(m_document, property, hints, box));
+    QWidget* editor = field->editor();
+    if (dynamic_cast<zel::qt::MultiEditCheckBox*>(editor)) {
+        layouter.onAdd(editor); // it bears its caption itself
+        return;
+    }
+    layouter.onAdd(editor, caption);
+    if (auto* label = qobject_cast<QLabel*>(layouter.layout()->itemAtPosition(row, 0)->widget())) {
+        label->setBuddy(editor);
+        if (dynamic_cast<zel::qt::MultiEditRadioButtonGroup*>(editor)) {
+            layouter.layout()->setAlignment(label, Qt::AlignTop);
+        }
+    }
+}
+
+PropertyField* PropertyPanel::adopt(PropertyField* field)
+{
+    QWidget* editor = field->editor();
+    QWidget* focus = editor->focusProxy() ? editor->focusProxy() : editor;
+    focus->setAccessibleName(field->property().label);
+    const QString limits = field->limitsText();
+    if (!limits.isEmpty()) {
+        focus->setToolTip(limits);
+        focus->setAccessibleDescription(limits);
+    }
+    connect(field, &PropertyField::committed, this, [this, field] { tell(*field); });
+    m_fields.push_back(field);
+    return field;
+}
+
+void PropertyPanel::alignColumns()
+{
+    // Captions end and units begin at one line each, through all groups.
+    int captionWidth = 0;
+    const QList<QGroupBox*> boxes =
+        m_content->findChildren<QGroupBox*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QGroupBox* box : boxes) {
+        const auto* grid = qobject_cast<QGridLayout*>(box->layout());
+        for (int row = 0; grid && row < grid->rowCount(); ++row) {
+            const QLayoutItem* item = grid->itemAtPosition(row, 0);
+            captionWidth = item ? std::max(captionWidth, item->sizeHint().width()) : captionWidth;
+        }
+    }
+    for (QGroupBox* box : boxes) {
+        if (auto* grid = qobject_cast<QGridLayout*>(box->layout())) {
+            grid->setColumnMinimumWidth(0, captionWidth);
+        }
+    }
+    int unitWidth = 0;
+    std::vector<QLabel*> units;
+    for (const PropertyField* field : m_fields) {
+        if (field->property().kind == PropertyKind::Quantity) {
+            for (QLabel* unit :
+                 field->editor()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly)) {
+                units.push_back(unit);
+                unitWidth = std::max(unitWidth, unit->sizeHint().width());
+            }
+        }
+    }
+    for (QLabel* unit : units) {
+        unit->setMinimumWidth(unitWidth);
+    }
+}
+
+HintTree PropertyPanel::completed(const FormField& formField) const
+{
+    HintTree hints = formField.hints;
+    const MemberProperty& property = *formField.property;
+    switch (property.kind) {
+    case PropertyKind::Quantity:
+        putHintUnlessGiven(hints, "validator.unit_id", zel::units::UnitId(property.unitSet));
+        break;
+    case PropertyKind::Choice: {
+        NamedValueList values;
+        for (const MemberProperty::Choice& choice : property.choices) {
+            values.emplace_back(choice.second, choice.first.toStdString());
+        }
+        putHint(hints, "values", values);
+        hints.put_child("equal_value_fn", HintTree(boost::any(&equalTexts)));
+        break;
+    }
+    case PropertyKind::Section:
+        putHint(hints, "values", namesOf(m_document.model().sections));
+        putHint(hints, "pixmaps", picturesOf(m_document.model().sections));
+        break;
+    case PropertyKind::Material:
+        putHint(hints, "values", namesOf(m_document.model().materials));
+        break;
+    case PropertyKind::Text:
+    case PropertyKind::Name:
+    case PropertyKind::Flag:
+        break;
+    }
+    return hints;
+}
+
+QString PropertyPanel::withMnemonic(const QString& caption)
+{
+    for (int i = 0; i < caption.size(); ++i) {
+        const QChar letter = caption.at(i).toLower();
+        if (letter.isLetter() && !m_mnemonics.contains(letter)) {
+            m_mnemonics.insert(letter);
+            return QString(caption).insert(i, QLatin1Char('&'));
+        }
+    }
+    return caption;
+}
+
+void PropertyPanel::load()
+{
+    for (PropertyField* field : m_fields) {
+        field->load(m_document.selection().members());
+    }
+    showState();
+}
+
+void PropertyPanel::refresh()
+{
+    for (PropertyField* field : m_fields) {
+        // What the user is typing goes on counting.
+        if (!field->isPending()) {
+            field->load(m_document.selection().members());
+        }
+    }
+    showState();
+}
+
+void PropertyPanel::showState()
+{
+    const QVector<int>& members = m_document.selection().members();
+    m_content->setEnabled(!members.isEmpty());
+    QStringList names;
+    for (const int member : members) {
+        names << m_document.model().members.at(static_cast<std::size_t>(member)).name;
+    }
+    constexpr int longest = 8;
+    QString list = QStringList(names.mid(0, longest)).join(QStringLiteral(", "));
+    if (names.size() > longest) {
+        list += tr(" and %1 more").arg(names.size() - longest);
+    }
+    m_heading->setText(names.isEmpty()     ? tr("No member is selected")
+                       : names.size() == 1 ? tr("Member %1").arg(list)
+                                           : tr("%1 members: %2").arg(names.size()).arg(list));
+    for (const Switch& decision : m_switches) {
+        decision.buttons->setVisible(decision.field->varies());
+    }
+}
+
+void PropertyPanel::tell(const PropertyField& field)
+{
+    const FieldOutcome& outcome = field.lastOutcome();
+    if (!outcome.message.isEmpty()) {
+        Q_EMIT told(outcome.message);
+    } else if (outcome.kind == FieldOutcome::Written) {
+        Q_EMIT told(tr("%1: written").arg(m_document.undoStack().undoText()));
+    }
+}
+
+} // namespace frame_editor
