@@ -14,9 +14,8 @@ MultiEditLineEdit::MultiEditLineEdit(QWidget* parent, const QString& label,
                                      ExpandDirection direction)
     : SimpleLineEdit(parent, label, std::move(validator), std::move(onClicked), flags, direction)
 {
-    if ((flags & 1U) != 0) {
-        setStyleSheet(QStringLiteral("* { background-color:white; }"));
-    }
+    // The white look is the base's: setting its sheet once more would restyle every part of the
+    // field to the same look.
 }
 
 MultiEditLineEdit::~MultiEditLineEdit() = default;

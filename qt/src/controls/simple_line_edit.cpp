@@ -57,12 +57,16 @@ SimpleLineEdit::SimpleLineEdit(QWidget* parent, const QString& label,
         m_label = new ZEL_QT_Label(Qt::PlainText, label, this);
         m_layout->addWidget(m_label);
     }
+    const bool borderless = (flags & borderlessFlag) != 0;
+    if (borderless) {
+        // Before there is an edit: a sheet that comes later restyles every part of its popups too.
+        setStyleSheet(QStringLiteral("* { background-color:white; }"));
+    }
     m_edit = new detail::LineEditImpl(this, flags);
     m_edit->setAccessibleName(label);
     setFocusProxy(m_edit);
-    if ((flags & borderlessFlag) != 0) {
+    if (borderless) {
         m_edit->setStyleSheet(QStringLiteral("QLineEdit { border:0; background-color:white; }"));
-        setStyleSheet(QStringLiteral("* { background-color:white; }"));
     }
     m_layout->addWidget(m_edit);
     m_edit->installLastEventFilter(this);
