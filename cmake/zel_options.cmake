@@ -17,7 +17,7 @@ if(ZEL_SANITIZE)
     target_compile_options(zel_options INTERFACE
         -fsanitize=address,undefined -fno-sanitize-recover=undefined -fno-omit-frame-pointer
         # With the instrumentation in between, GCC warns of empty optionals that nobody reads.
-        -Wno-maybe-uninitialized)
+        $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(zel_options INTERFACE -fsanitize=address,undefined)
 endif()
 
