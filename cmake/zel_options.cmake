@@ -20,6 +20,9 @@ if(ZEL_SANITIZE)
         $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     target_link_options(zel_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(ZEL_BUILD_FUZZERS)
+    target_compile_options(zel_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # Debian's compilers know C++17 without further flags; extensions stay off.
 set(CMAKE_CXX_EXTENSIONS OFF)

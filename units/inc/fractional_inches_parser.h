@@ -22,7 +22,7 @@ public:
     std::wstring format(const IConverter::quantity& q, const std::locale& locale) const override;
 
 private:
-    const IUnitProvider* m_units;
+    [[maybe_unused]] const IUnitProvider* m_units;
     const IFormatProvider* m_format;
     const IConverter* m_converter;
 };
