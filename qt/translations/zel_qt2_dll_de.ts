@@ -18,6 +18,16 @@
         <translation>Eine Ausnahme ist aufgetreten:
 %1</translation>
     </message>
+    <message>
+        <source>Yes</source>
+        <comment>property_yes_no</comment>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <comment>property_yes_no</comment>
+        <translation>Nein</translation>
+    </message>
 </context>
 <context>
     <name>zel::qt::MultiEditCheckBoxGroup</name>

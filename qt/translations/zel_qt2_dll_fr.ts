@@ -18,6 +18,16 @@
         <translation>Une exception s’est produite&#xa0;:
 %1</translation>
     </message>
+    <message>
+        <source>Yes</source>
+        <comment>property_yes_no</comment>
+        <translation>Oui</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <comment>property_yes_no</comment>
+        <translation>Non</translation>
+    </message>
 </context>
 <context>
     <name>zel::qt::MultiEditCheckBoxGroup</name>
