@@ -65,8 +65,10 @@ std::unique_ptr<Editor> buildCallback(const HintTree& hints)
     auto widget = std::make_unique<QWidget>();
     // A view must not take the loss of focus to whatever the host's function opens for a commit.
     widget->setProperty("zel_property_delegate_filter_focus_out", true);
-    auto editor = std::make_unique<Editor>(Editor{widget.get(), new MultiEditValue(isEqual)});
-    widget.release();
+    auto control = std::make_unique<MultiEditValue>(isEqual);
+    auto editor = std::make_unique<Editor>();
+    editor->widget = widget.release();
+    editor->control = control.release();
     QTimer::singleShot(0, [editor = editor.get(), callback] {
         boost::any value = editor->control->getCurrentValue();
         editor->widget->deleteLater();
@@ -99,17 +101,6 @@ DefaultEditorFactory::DefaultEditorFactory(std::shared_ptr<DefaultValidatorFacto
 
 DefaultEditorFactory::DefaultEditorFactory(const DefaultEditorFactory&) = default;
 DefaultEditorFactory& DefaultEditorFactory::operator=(const DefaultEditorFactory&) = default;
-
-// Both moves copy: the builders of the moved factory still ask this one for its validators.
-DefaultEditorFactory::DefaultEditorFactory(DefaultEditorFactory&& other)
-    : DefaultEditorFactory(static_cast<const DefaultEditorFactory&>(other))
-{}
-
-DefaultEditorFactory& DefaultEditorFactory::operator=(DefaultEditorFactory&& other)
-{
-    return *this = static_cast<const DefaultEditorFactory&>(other);
-}
-
 DefaultEditorFactory::~DefaultEditorFactory() = default;
 
 std::unique_ptr<IValidator> DefaultEditorFactory::findValidator(const HintTree& hints) const

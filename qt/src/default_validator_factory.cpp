@@ -128,10 +128,8 @@ DefaultValidatorFactory::DefaultValidatorFactory()
 }
 
 DefaultValidatorFactory::DefaultValidatorFactory(const DefaultValidatorFactory&) = default;
-DefaultValidatorFactory::DefaultValidatorFactory(DefaultValidatorFactory&&) = default;
 DefaultValidatorFactory&
 DefaultValidatorFactory::operator=(const DefaultValidatorFactory&) = default;
-DefaultValidatorFactory& DefaultValidatorFactory::operator=(DefaultValidatorFactory&&) = default;
 DefaultValidatorFactory::~DefaultValidatorFactory() = default;
 
 } // namespace zel::qt

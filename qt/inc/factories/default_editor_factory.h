@@ -43,17 +43,15 @@ namespace zel::qt {
 /// std::out_of_range. Nothing is left behind then.
 ///
 /// A copied or moved factory goes on asking the factory that was constructed first for its
-/// validators. The caller keeps that one alive as long as any copy builds editors. A factory that
-/// was moved from stays as it was.
+/// validators. The caller keeps that one alive as long as any copy builds editors. A move
+/// copies, deliberately, so that a factory that was moved from stays as it was.
 class ZEL_QT_EXPORT DefaultEditorFactory : public EditorFactory
 {
 public:
     /// @param validators makes the validators; null makes editors without one
     explicit DefaultEditorFactory(std::shared_ptr<DefaultValidatorFactory> validators);
     DefaultEditorFactory(const DefaultEditorFactory&);
-    DefaultEditorFactory(DefaultEditorFactory&&);
     DefaultEditorFactory& operator=(const DefaultEditorFactory&);
-    DefaultEditorFactory& operator=(DefaultEditorFactory&&);
     ~DefaultEditorFactory();
 
 private:

@@ -30,16 +30,14 @@ namespace zel::qt {
 /// chain must not name itself.
 ///
 /// A copied or moved factory goes on asking the factory that was constructed first for the members
-/// of a chain. The caller keeps that one alive as long as any copy builds chains. A factory that
-/// was moved from stays as it was.
+/// of a chain. The caller keeps that one alive as long as any copy builds chains. A move copies,
+/// deliberately, so that a factory that was moved from stays as it was.
 class ZEL_QT_EXPORT DefaultValidatorFactory : public ValidatorFactory<ValidatorKey, HintTree>
 {
 public:
     DefaultValidatorFactory();
     DefaultValidatorFactory(const DefaultValidatorFactory&);
-    DefaultValidatorFactory(DefaultValidatorFactory&&);
     DefaultValidatorFactory& operator=(const DefaultValidatorFactory&);
-    DefaultValidatorFactory& operator=(DefaultValidatorFactory&&);
     ~DefaultValidatorFactory();
 };
 
