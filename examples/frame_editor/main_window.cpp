@@ -1,5 +1,7 @@
 #include "examples/frame_editor/main_window.h"
 
+#include "examples/frame_editor/canvas.h"
+#include "examples/frame_editor/canvas_overview.h"
 #include "examples/frame_editor/document.h"
 #include "examples/frame_editor/member_list.h"
 #include "examples/frame_editor/model_file.h"
@@ -35,11 +37,12 @@ MainWindow::MainWindow(Document& document, UnitSettings& units, const Form& form
     bar->setObjectName(QStringLiteral("tools"));
     createFileActions(*bar);
     createEditActions(*bar);
+    createViewActions(*bar);
     createUnitChooser(*bar);
     connect(&document, &Document::fileChanged, this, &MainWindow::showFile);
     showFile();
     statusBar()->showMessage(tr("Ready"));
-    resize(1180, 800);
+    resize(1380, 800);
 }
 
 MainWindow::~MainWindow()
@@ -51,6 +54,11 @@ MainWindow::~MainWindow()
 PropertyPanel& MainWindow::panel() const
 {
     return *m_panel;
+}
+
+Canvas& MainWindow::canvas() const
+{
+    return *m_canvas;
 }
 
 void MainWindow::createFileActions(QToolBar& bar)
@@ -104,6 +112,15 @@ void MainWindow::createEditActions(QToolBar& bar)
     bar.addSeparator();
 }
 
+void MainWindow::createViewActions(QToolBar& bar)
+{
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    QAction* fit = menu->addAction(tr("&Fit to window"), m_canvas, &Canvas::fitToWindow);
+    fit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_0));
+    bar.addAction(fit);
+    bar.addSeparator();
+}
+
 void MainWindow::createUnitChooser(QToolBar& bar)
 {
     auto* label = new QLabel(tr("U&nits "), &bar);
@@ -132,6 +149,19 @@ void MainWindow::createViews(const Form& form)
     QDockWidget* properties = addDock(Qt::RightDockWidgetArea, tr("Properties"), m_panel);
     resizeDocks({members, properties}, {260, 560}, Qt::Horizontal);
     connect(m_panel, &PropertyPanel::told, this, &MainWindow::showStatus);
+    createCanvas();
+}
+
+void MainWindow::createCanvas()
+{
+    m_canvas = new Canvas(m_document, this);
+    setCentralWidget(m_canvas);
+    connect(&m_units, &UnitSettings::changed, m_canvas, &Canvas::showUnits);
+    addDock(Qt::LeftDockWidgetArea, tr("Overview"), new CanvasOverview(*m_canvas, this));
+    auto* place = new QLabel(this);
+    place->setObjectName(QStringLiteral("place"));
+    statusBar()->addPermanentWidget(place);
+    connect(m_canvas, &Canvas::pointedAt, place, &QLabel::setText);
 }
 
 QDockWidget* MainWindow::addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content)

@@ -9,6 +9,7 @@ class QToolBar;
 
 namespace frame_editor {
 
+class Canvas;
 class Document;
 class MemberList;
 class PropertyPanel;
@@ -26,6 +27,7 @@ public:
     ~MainWindow() override;
 
     PropertyPanel& panel() const;
+    Canvas& canvas() const;
 
     /// Opens a model file in place of the present one. A file that cannot be read is told of in a
     /// message box, and the open model stays.
@@ -49,8 +51,10 @@ protected:
 private:
     void createFileActions(QToolBar& bar);
     void createEditActions(QToolBar& bar);
+    void createViewActions(QToolBar& bar);
     void createUnitChooser(QToolBar& bar);
     void createViews(const Form& form);
+    void createCanvas();
     QDockWidget* addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content);
     bool saveTo(const QString& fileName);
     /// Whether the present model may go: it is saved, or the user gave it up.
@@ -60,6 +64,7 @@ private:
     Document& m_document;
     UnitSettings& m_units;
     PropertyPanel* m_panel = nullptr;
+    Canvas* m_canvas = nullptr;
 };
 
 } // namespace frame_editor

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "qt/inc/graphics.h"
+
+#include <QLineF>
+#include <QStringList>
+#include <QTransform>
+
+#include <vector>
+
+namespace frame_editor {
+
+class Document;
+class MemberItem;
+class NodeGrip;
+struct LineLoadSign;
+struct Member;
+
+/// The elevation of the frame: members as deep as their sections, supports, loads, and a grip for
+/// each node that moves it. What is selected here is what the document has selected.
+///
+/// Scene units are metres. x is that of the model; y is its negative, since a scene counts
+/// downwards and a ruler of the view draws no range that runs backwards. So the scene is not
+/// mirrored, texts stand upright, and the ruler along the left edge, which the canvas draws itself
+/// with the marks of the library's rulers, shows elevations: upwards, 0 at the ground.
+class Canvas : public zel::qt::graphics::EditorView
+{
+    Q_OBJECT
+public:
+    /// The document has to outlive the canvas.
+    Canvas(Document& document, QWidget* parent);
+    ~Canvas() override;
+
+    static QPointF toScene(double x, double y)
+    {
+        return {x, -y};
+    }
+
+    /// Shows the whole frame as large as it fits with its signs; and goes on doing so when the
+    /// canvas is resized, until the user pans or zooms.
+    void fitToWindow();
+    /// Draws loads and places in the units of the active settings.
+    void showUnits();
+    /// The rectangle of all nodes, in scene coordinates; never without size.
+    QRectF frameRect() const;
+
+    /// Whether grips are just being put where the model has their nodes.
+    bool isShowingModel() const;
+    /// Where a node dragged to `pos` comes to lie: whole steps from its place in the model. The
+    /// step is the finest of 1 cm, 5 cm, 10 cm, 50 cm that is no less than a pixel, or 1 m.
+    QPointF snapped(int node, const QPointF& pos) const;
+
+    /// The items of the nodes and members, by their index in the model.
+    const std::vector<NodeGrip*>& nodeGrips() const;
+    const std::vector<MemberItem*>& memberItems() const;
+
+Q_SIGNALS:
+    /// What the mouse points at: a place, or a node under way.
+    void pointedAt(const QString& text);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void drawForeground(QPainter* painter, const QRectF& rect) override;
+
+private:
+    void showModel();
+    void showNodes();
+    void showMembers();
+    void showSelection();
+    void showFile();
+    void placeMember(std::size_t index);
+    void placeMembers(int node);
+    void takeSelection();
+    void takeMoves();
+    void finishGesture();
+    void tellPlace(const QPoint& pos);
+
+    void drawSigns(QPainter& painter) const;
+    void drawLoads(QPainter& painter) const;
+    void drawLabels(QPainter& painter) const;
+    void drawElevations(QPainter& painter) const;
+    LineLoadSign loadSign(const MemberItem& item) const;
+    QLineF axisInPixels(const MemberItem& item) const;
+    double halfDepthInPixels(const MemberItem& item) const;
+
+    Document& m_document;
+    std::vector<NodeGrip*> m_nodeGrips;     // owned by the scene
+    std::vector<MemberItem*> m_memberItems; // owned by the scene
+    double m_largestLoad = 0.0;             // kN/m
+    bool m_showing = false;                 ///< the scene follows the document
+    bool m_selectionPending = false;        ///< a rubber band is under way
+    QStringList m_shownNodes;               ///< names; other ones mean another model
+    bool m_fitted = false;
+    QPointF m_fittedCenter;
+    QTransform m_fittedTransform;
+};
+
+} // namespace frame_editor
