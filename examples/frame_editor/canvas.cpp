@@ -47,6 +47,10 @@ Canvas::Canvas(Document& document, QWidget* parent)
     setRulers(false, true);
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::ClickFocus);
+    // The lettering of a drawing; the title and the labels of the ruler then have room.
+    QFont lettering = font();
+    lettering.setPixelSize(11);
+    setFont(lettering);
     connect(&document, &Document::changed, this, &Canvas::showModel);
     connect(&document, &Document::selectionChanged, this, &Canvas::showSelection);
     connect(&document, &Document::fileChanged, this, &Canvas::showFile);

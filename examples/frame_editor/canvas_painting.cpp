@@ -14,6 +14,7 @@ namespace frame_editor {
 namespace {
 
 constexpr int lineLoadSet = 1191;
+constexpr int titleBottom = 40;
 constexpr double leastLengthWithName = 40.0; // in pixels, as all but the length of an arrow
 constexpr double leastLengthWithLoad = 30.0;
 constexpr double shortestArrow = 10.0;
@@ -143,6 +144,9 @@ void Canvas::drawElevations(QPainter& painter) const
         const QString label = QString::number(elevation);
         const QRect box = painter.fontMetrics().boundingRect(label).adjusted(0, 0, 2, 0);
         painter.drawLine(0, y, 8, y);
+        if (y < titleBottom) {
+            continue;
+        }
         painter.drawText(box.translated(14, y + box.height() / 3), Qt::AlignCenter, label);
     }
     for (const double elevation : ticks.minor) {
