@@ -36,8 +36,12 @@ SimpleEnumBox::SimpleEnumBox(QWidget* parent, const QString& label,
     m_combo->setEditable(false);
     m_combo->setDuplicatesEnabled(false);
     m_combo->setWidthTextEnabled(true);
-    // Not a buddy of the label: that would turn an ampersand in the label into a shortcut.
     m_combo->setAccessibleName(label);
+    if (m_label != nullptr && !label.contains(QLatin1Char('&'))) {
+        // Some platforms name a combo box by its label only. As a buddy, though, the label would
+        // take an ampersand for the mark of a shortcut.
+        m_label->setBuddy(m_combo);
+    }
     m_layout->addWidget(m_combo);
     setFocusProxy(m_combo);
     connect(m_combo, SIGNAL(textActivated(QString)), this, SLOT(onItemActivated(QString)));

@@ -13,15 +13,18 @@ namespace {
 const int margin = 4;
 const int gridSpacing = 4;
 
-/// Not a buddy of the label: that would turn an ampersand in the label into a shortcut.
-void nameAfterLabel(QWidget& widget, const QString& label)
+void nameAfterLabel(QWidget& widget, QLabel& label)
 {
+    // As a buddy the label would take an ampersand for the mark of a shortcut.
+    if (!label.text().contains(QLatin1Char('&'))) {
+        label.setBuddy(&widget);
+    }
     QWidget* target = &widget;
     while (target->focusProxy() != nullptr) {
         target = target->focusProxy();
     }
     if (target->accessibleName().isEmpty()) {
-        target->setAccessibleName(label);
+        target->setAccessibleName(label.text());
     }
 }
 
@@ -163,9 +166,10 @@ void PropertyGridLayouter::onAdd(QWidget* widget, const QString& label)
     if (!hasLayout(m_layout)) {
         return;
     }
-    _add(new QLabel(label, m_parent));
+    auto* caption = new QLabel(label, m_parent);
+    _add(caption);
     _add(widget);
-    nameAfterLabel(*widget, label);
+    nameAfterLabel(*widget, *caption);
 }
 
 void PropertyGridLayouter::onFinish()

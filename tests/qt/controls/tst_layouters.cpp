@@ -315,6 +315,8 @@ void LayoutersTest::propertyGridNamesTheFocusWidget()
     QCOMPARE(takeExpressions(), (QStringList{"eqFn", "anyEqAvailable()"}));
     layouter.onAdd(box, QStringLiteral("Material"));
     QCOMPARE(box->findChild<ZEL_QT4_ComboBox*>()->accessibleName(), QStringLiteral("Material"));
+    QCOMPARE(window.findChild<QLabel*>(QString(), Qt::FindDirectChildrenOnly)->buddy(),
+             static_cast<QWidget*>(box));
 }
 
 void LayoutersTest::propertyGridKeepsAnAccessibleName()
