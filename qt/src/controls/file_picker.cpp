@@ -1,6 +1,7 @@
 #include "qt/inc/controls/file_picker.h"
 
 #include "qt/inc/controls/multi_edit_line_edit.h"
+#include "qt/inc/controls/signal_blocker.h"
 #include "qt/inc/validators/string_edit_validator.h"
 
 #include <QBoxLayout>
@@ -9,7 +10,6 @@
 #include <QFileInfo>
 #include <QIcon>
 #include <QPixmap>
-#include <QPointer>
 #include <QToolButton>
 
 #include <algorithm>
@@ -170,11 +170,12 @@ void MultiEditFilePicker::onPick()
     const boost::any value = getValue();
     const QString current =
         value.empty() ? QString() : QString::fromStdString(boost::any_cast<std::string>(value));
-    // The dialog runs an event loop, in which the form may be closed.
-    const QPointer<MultiEditFilePicker> self(this);
-    const QString picked = pick(current);
-    if (!self) {
-        return;
+    QString picked;
+    {
+        // The dialog takes the focus from the edit, which ends its editing; the host is told once,
+        // below, when the pick is done as well.
+        const SignalBlocker blocker(m_edit);
+        picked = pick(current);
     }
     if (!picked.isEmpty()) {
         m_edit->setValue(boost::any(picked.toStdString()));
