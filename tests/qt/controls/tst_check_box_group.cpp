@@ -504,7 +504,5 @@ void CheckBoxGroupTest::loadAfterTheGroupIsGone()
     QVERIFY(!group.boxes[0]->isChecked());
 }
 
-Q_DECLARE_METATYPE(std::vector<std::vector<bool>>)
-
 QTEST_MAIN(CheckBoxGroupTest)
 #include "tst_check_box_group.moc"

@@ -406,7 +406,8 @@ void FilePickerTest::folderThatCannotBeTestedThrows()
     Picker f(PathFolderWithName);
     f.picker.setValue(boost::any(tooLong.toStdString()));
     try {
-        f.button->click();
+        // The slot alone: Qt's handling of a click is not made for exceptions.
+        QMetaObject::invokeMethod(&f.picker, "onPick");
         QFAIL("no exception");
     } catch (const std::filesystem::filesystem_error& e) {
         QVERIFY(QByteArray(e.what()).contains("exists"));

@@ -317,7 +317,8 @@ void ToolbarTest::otherThrowsPassThrough()
     Bar bar;
     QPushButton* failing = bar.toolbar.addButtonWithText(
         "n", QStringLiteral("Fail"), QString(), [] { throw 7; }, 1);
-    QVERIFY_EXCEPTION_THROWN(failing->click(), int);
+    // The signal alone: Qt's handling of a click is not made for exceptions.
+    QVERIFY_EXCEPTION_THROWN(Q_EMIT failing->clicked(), int);
     QVERIFY(QApplication::activeModalWidget() == nullptr);
 }
 
