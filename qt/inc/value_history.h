@@ -59,7 +59,7 @@ struct ZEL_QT_EXPORT IValueHistoryStorage : private boost::noncopyable
     virtual void add(ValueHistory& history, const std::wstring& value) = 0;
 
 protected:
-    ~IValueHistoryStorage();
+    ~IValueHistoryStorage() = default;
 };
 
 /// Keeps the last few different texts of each key, for the life of the object.

@@ -6,9 +6,9 @@
 
 namespace zel::qt {
 
-MultiEditLineEdit* makeLineEditWithOptionalValue(QWidget* parent, IValidator* validator,
-                                                 bool optional,
-                                                 boost::function<QString(const QString&)> defaultFn)
+MultiEditLineEdit*
+makeLineEditWithOptionalValue(QWidget* parent, IValidator* validator, bool optional,
+                              const boost::function<QString(const QString&)>& defaultFn)
 {
     MultiEditLineEdit* const edit =
         MultiEditLineEdit::create(parent, QString(), validator, 1, ExpandRight);

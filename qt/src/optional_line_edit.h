@@ -11,6 +11,6 @@ namespace zel::qt {
 /// button. The validator is owned by the line edit.
 MultiEditLineEdit*
 makeLineEditWithOptionalValue(QWidget* parent, IValidator* validator, bool optional,
-                              boost::function<QString(const QString&)> defaultFn);
+                              const boost::function<QString(const QString&)>& defaultFn);
 
 } // namespace zel::qt

@@ -6,6 +6,13 @@
 #include <utility>
 
 namespace zel {
+namespace {
+
+/// The storage of the process. Final, since its bases have no virtual destructor.
+struct ProcessStorage final : ValueHistoryMemoryStorage
+{};
+
+} // namespace
 
 ValueHistory::ValueHistory(const std::wstring& key, boost::shared_ptr<IValueHistoryStorage> storage)
     : m_key(key)
@@ -33,12 +40,11 @@ std::size_t ValueHistory::get(std::deque<std::wstring>& values) const
 }
 
 IValueHistoryStorage::IValueHistoryStorage() = default;
-IValueHistoryStorage::~IValueHistoryStorage() = default;
 
 boost::shared_ptr<IValueHistoryStorage> IValueHistoryStorage::getOrCreate(const std::wstring&)
 {
     static const boost::shared_ptr<IValueHistoryStorage> storage =
-        boost::make_shared<ValueHistoryMemoryStorage>();
+        boost::make_shared<ProcessStorage>();
     return storage;
 }
 

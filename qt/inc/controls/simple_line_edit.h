@@ -132,7 +132,7 @@ private:
     virtual void onValidated(const QString& text, const boost::any& value);
 
     void showColor(const QString& color);
-    void showHint(const QString& text);
+    void showHint(const QString& hint);
     template <class Hint>
     QSize sizeFrom(Hint hint) const;
 

@@ -28,15 +28,14 @@ public:
     explicit PopupBase(QWidget* owner);
     ~PopupBase() override;
 
-protected:
-    bool event(QEvent* e) override;
-
-public:
     /// Shows the popup when the edit gets the focus, with or without content, and hides it when
-    /// the edit loses the focus within its window.
+    /// the edit is hidden or loses the focus within its window. It stays when another window
+    /// becomes the active one.
     bool eventFilter(QObject* watched, QEvent* e) override;
 
 protected:
+    /// Hides the popup when its window is deactivated.
+    bool event(QEvent* e) override;
     void enterEvent(QEvent* e) override;
     void leaveEvent(QEvent* e) override;
 

@@ -55,6 +55,9 @@ QToolButton* LineEditImpl::addButton(const boost::function<QString(const QString
         m_btn1->setIcon(pixmap);
         m_btn1->setIconSize(QSize(givenIconSide, givenIconSide));
     }
+    // Keys that the button has no use for go to its parent: with the focus on the button the user
+    // would type into the edit, whose editing then never ends.
+    m_btn1->setFocusPolicy(Qt::NoFocus);
     m_btn1->setCursor(Qt::ArrowCursor);
     m_btn1->setStyleSheet(QStringLiteral("QToolButton { border: none; padding: 0; margin: 0; }"));
     m_btn1->setVisible(true);
@@ -87,10 +90,11 @@ HistoryPopup& LineEditImpl::historyPopup() const
 void LineEditImpl::installLastEventFilter(QObject* filter)
 {
     // Of several filters the one that was installed last runs first.
-    installEventFilter(filter);
-    installEventFilter(m_historyPopup);
-    installEventFilter(m_editHintPopup);
-    installEventFilter(findChild<PopupGroup*>(QString(), Qt::FindDirectChildrenOnly));
+    QObject& edit = *this;
+    edit.installEventFilter(filter);
+    edit.installEventFilter(m_historyPopup);
+    edit.installEventFilter(m_editHintPopup);
+    edit.installEventFilter(findChild<PopupGroup*>(QString(), Qt::FindDirectChildrenOnly));
 }
 
 void LineEditImpl::onHistoryItemSelectionChanged(const QString& text)

@@ -204,11 +204,8 @@ bool PopupGroup::eventFilter(QObject* watched, QEvent* e)
     } else if (e->type() == QEvent::Show &&
                std::find(m_popups.begin(), m_popups.end(), watched) != m_popups.end()) {
         // A popup takes its size in its own show event, which comes after this filter.
-        QTimer::singleShot(0, [group = QPointer<PopupGroup>(this)] {
-            if (group) {
-                group->positionPopups();
-            }
-        });
+        // The group may be gone by then.
+        QTimer::singleShot(0, this, &PopupGroup::positionPopups);
     }
     return QObject::eventFilter(watched, e);
 }

@@ -11,6 +11,7 @@
 #include <QStyleOptionButton>
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 namespace zel::qt {
@@ -234,12 +235,13 @@ bool SimpleLineEdit::eventFilter(QObject* watched, QEvent* e)
     // Leaving a field finishes its editing, also when nothing was edited; QLineEdit tells only of
     // the former case. So it handles the event first, here, since this filter is the last one.
     const bool lent = isFocusLentToPopup(*m_edit, *static_cast<QFocusEvent*>(e));
-    bool finished = false;
-    const auto connection =
-        connect(m_edit, &QLineEdit::editingFinished, this, [&finished] { finished = true; });
-    m_edit->event(e);
-    disconnect(connection);
-    if (!finished && !lent && m_edit->hasAcceptableInput()) {
+    const auto finished = std::make_shared<bool>(false);
+    {
+        const QObject scope; // ends the connection, also if a validator throws
+        connect(m_edit, &QLineEdit::editingFinished, &scope, [finished] { *finished = true; });
+        m_edit->event(e);
+    }
+    if (!*finished && !lent && m_edit->hasAcceptableInput()) {
         Q_EMIT m_edit->editingFinished();
     }
     return true;

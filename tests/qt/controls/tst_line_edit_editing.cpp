@@ -99,6 +99,7 @@ private Q_SLOTS:
     void withoutValidator();
     void exceptionPassesThrough();
     void innerButton();
+    void tabPassesTheInnerButton();
 };
 
 void LineEditEditingTest::init()
@@ -500,6 +501,18 @@ void LineEditEditingTest::innerButton()
     QVERIFY(m_field->addButton([](const QString& text) { return text; }, QPixmap()) == nullptr);
     QCOMPARE(takeExpressions(), QStringList{"!m_btn1"});
     QCOMPARE(m_field->findChildren<QToolButton*>(), QList<QToolButton*>{button});
+}
+
+void LineEditEditingTest::tabPassesTheInnerButton()
+{
+    m_field->addButton([](const QString& text) { return text; }, QPixmap());
+    QTest::keyClicks(m_edit, QStringLiteral("1"));
+    QTest::keyClick(m_edit, Qt::Key_Tab);
+    QVERIFY(m_other->edit().hasFocus());
+    QTest::keyClicks(m_window->focusWidget(), QStringLiteral("2"));
+    QCOMPARE(m_edit->text(), QStringLiteral("1.000"));
+    QCOMPARE(m_other->edit().text(), QStringLiteral("2"));
+    QCOMPARE(changes(), 1);
 }
 
 QTEST_MAIN(LineEditEditingTest)
