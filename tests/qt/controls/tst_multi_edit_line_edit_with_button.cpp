@@ -157,11 +157,12 @@ void MultiEditLineEditWithButtonTest::valueHandlerGoesThroughSetValue()
 
 void MultiEditLineEditWithButtonTest::emptyHandlerThrows()
 {
+    // The signal is sent directly: the gesture does not survive an exception without a leak.
     MultiEditLineEditWithButton plain(new NumberValidator, 0, std::function<void(int)>());
-    QVERIFY_EXCEPTION_THROWN(plain.getButton()->click(), std::bad_function_call);
+    QVERIFY_EXCEPTION_THROWN(plain.getButton()->clicked(), std::bad_function_call);
     MultiEditLineEditWithButton filling(new NumberValidator, 0, ValueHandler());
     filling.setValue(1.0);
-    QVERIFY_EXCEPTION_THROWN(filling.getButton()->click(), std::bad_function_call);
+    QVERIFY_EXCEPTION_THROWN(filling.getButton()->clicked(), std::bad_function_call);
     QCOMPARE(filling.edit().text(), QStringLiteral("1.000"));
 }
 
@@ -334,7 +335,7 @@ void MultiEditLineEditWithButtonTest::emptyResetFunctionThrows()
     MultiEditLineEditWithResetButton field(new NumberValidator, 0, ResetFn());
     field.setValue(5.0);
     const QSignalSpy changed(&field, &SimpleLineEdit::valueChanged);
-    QVERIFY_EXCEPTION_THROWN(field.findChild<QToolButton*>()->click(), std::bad_function_call);
+    QVERIFY_EXCEPTION_THROWN(field.findChild<QToolButton*>()->clicked(), std::bad_function_call);
     QCOMPARE(changed.count(), 0);
     QCOMPARE(answer(field), QStringLiteral("one 5"));
 }
