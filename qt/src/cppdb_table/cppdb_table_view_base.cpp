@@ -3,7 +3,7 @@
 #include "platform/smart_assert.h"
 #include "qt/inc/delegates/roles.h"
 #include "qt/src/cppdb_table/clipboard_text.h"
-#include "qt/src/cppdb_table/row_tracker.h"
+#include "qt/src/row_tracker.h"
 
 #include <QClipboard>
 #include <QGuiApplication>

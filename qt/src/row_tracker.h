@@ -8,7 +8,7 @@ namespace zel::qt::detail {
 
 /// Remembers rows of a model while values are written to it. A model may sort or remove rows in
 /// answer to a value; without this the values that follow would land in rows that they were not
-/// meant for. When the model resets itself, a row is found by its number again.
+/// meant for. When the model resets itself, a row without a parent is found by its number again.
 class RowTracker
 {
 public:
@@ -25,6 +25,7 @@ private:
     const QAbstractItemModel& m_model;
     QHash<int, QPersistentModelIndex> m_rows;
     QMetaObject::Connection m_onReset;
+    bool m_hasParent;
     bool m_wasReset = false;
 };
 

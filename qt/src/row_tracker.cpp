@@ -1,4 +1,4 @@
-#include "qt/src/cppdb_table/row_tracker.h"
+#include "qt/src/row_tracker.h"
 
 #include <QAbstractItemModel>
 
@@ -8,6 +8,7 @@ RowTracker::RowTracker(const QAbstractItemModel& model, const QModelIndexList& c
     : m_model(model)
     , m_onReset(QObject::connect(&m_model, &QAbstractItemModel::modelReset,
                                  [this] { m_wasReset = true; }))
+    , m_hasParent(!cells.isEmpty() && cells.first().parent().isValid())
 {
     for (const QModelIndex& cell : cells) {
         if (!m_rows.contains(cell.row())) {
@@ -24,7 +25,7 @@ RowTracker::~RowTracker()
 QModelIndex RowTracker::cell(int row, int column) const
 {
     if (m_wasReset) {
-        return m_model.index(row, column);
+        return m_hasParent ? QModelIndex() : m_model.index(row, column);
     }
     const QPersistentModelIndex tracked = m_rows.value(row);
     return tracked.isValid() ? m_model.index(tracked.row(), column, tracked.parent())

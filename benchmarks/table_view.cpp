@@ -1,0 +1,255 @@
+// What the clipboard of the table view costs: copying up to a million selected cells and pasting
+// up to a hundred thousand. Beside each stands a plain loop over the same cells that calls the
+// model, and the validator for the texts, in the same way, with the same view looking on.
+
+#include "qt/inc/table_view.h"
+#include "qt/inc/delegates/roles.h"
+#include "qt/inc/integer_validator.h"
+
+#include <QAbstractTableModel>
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+
+#include <benchmark/benchmark.h>
+
+#include <boost/make_shared.hpp>
+
+#include <limits>
+#include <vector>
+
+namespace {
+
+using zel::qt::EditRole;
+using zel::qt::IValidator;
+using zel::qt::detail::CppDbTableViewBase;
+
+constexpr int columns = 10;
+
+/// Whole numbers in rows of ten.
+class NumberModel : public QAbstractTableModel
+{
+public:
+    explicit NumberModel(int cells)
+        : m_values(static_cast<std::size_t>(cells))
+    {
+        int number = 0;
+        for (boost::any& value : m_values) {
+            value = number++;
+        }
+    }
+
+    int rowCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(m_values.size()) / columns;
+    }
+
+    int columnCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : columns;
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        return role == EditRole ? QVariant::fromValue<boost::any>(m_values[position(index)])
+                                : QVariant();
+    }
+
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override
+    {
+        if (role != EditRole) {
+            return false;
+        }
+        m_values[position(index)] = value.value<boost::any>();
+        Q_EMIT dataChanged(index, index, {role});
+        return true;
+    }
+
+private:
+    static std::size_t position(const QModelIndex& index)
+    {
+        return static_cast<std::size_t>(index.row() * columns + index.column());
+    }
+
+    std::vector<boost::any> m_values;
+};
+
+boost::shared_ptr<IValidator> wholeNumbers()
+{
+    return boost::make_shared<zel::qt::IntegerValidator<int>>(
+        std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), false);
+}
+
+/// A table of as many cells as the benchmark's argument says, all of them selected.
+struct Fixture
+{
+    explicit Fixture(const benchmark::State& state)
+        : model(static_cast<int>(state.range(0)))
+        , view(
+              &model, [this](int) { return validator; }, nullptr)
+    {
+        view.resize(1000, 600);
+        view.show();
+        view.selectAll();
+        QApplication::processEvents();
+    }
+
+    void press(QKeySequence::StandardKey key)
+    {
+        const int code = QKeySequence(key)[0];
+        QKeyEvent event(QEvent::KeyPress, code & ~int(Qt::KeyboardModifierMask),
+                        Qt::KeyboardModifiers(code & int(Qt::KeyboardModifierMask)));
+        QApplication::sendEvent(&view, &event);
+    }
+
+    boost::shared_ptr<IValidator> validator = wholeNumbers();
+    NumberModel model;
+    CppDbTableViewBase view;
+};
+
+QStringList cellTexts(const Fixture& f)
+{
+    QStringList texts;
+    for (int i = 0; i < f.model.rowCount() * columns; ++i) {
+        texts << QString::number(i);
+    }
+    return texts;
+}
+
+QString blockText(const Fixture& f)
+{
+    QString text;
+    for (int row = 0; row < f.model.rowCount(); ++row) {
+        for (int column = 0; column < columns; ++column) {
+            text += QString::number(row + column);
+            text += column < columns - 1 ? QLatin1Char('\t') : QLatin1Char('\n');
+        }
+    }
+    return text;
+}
+
+void count(benchmark::State& state)
+{
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+void copy(benchmark::State& state)
+{
+    Fixture f(state);
+    for (const auto _ : state) {
+        f.press(QKeySequence::Copy);
+    }
+    if (!QGuiApplication::clipboard()->text().endsWith(
+            QStringLiteral("%1\n").arg(state.range(0) - 1))) {
+        state.SkipWithError("not copied");
+    }
+    count(state);
+}
+BENCHMARK(copy)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+/// Asks the model and the validator, and keeps nothing.
+void copyPlainLoop(benchmark::State& state)
+{
+    const Fixture f(state);
+    for (const auto _ : state) {
+        for (int row = 0; row < f.model.rowCount(); ++row) {
+            for (int column = 0; column < columns; ++column) {
+                const QVariant value = f.model.index(row, column).data(EditRole);
+                benchmark::DoNotOptimize(
+                    f.validator->reformat(value.value<boost::any>(), std::bitset<32>(1)));
+            }
+        }
+    }
+    count(state);
+}
+BENCHMARK(copyPlainLoop)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+/// The part of copy in which Qt lists the selected cells.
+void listSelection(benchmark::State& state)
+{
+    const Fixture f(state);
+    for (const auto _ : state) {
+        benchmark::DoNotOptimize(f.view.selectionModel()->selectedIndexes());
+    }
+    count(state);
+}
+BENCHMARK(listSelection)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+void pasteBlock(benchmark::State& state)
+{
+    Fixture f(state);
+    QGuiApplication::clipboard()->setText(blockText(f));
+    for (const auto _ : state) {
+        f.press(QKeySequence::Paste);
+    }
+    count(state);
+}
+BENCHMARK(pasteBlock)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+void pasteValue(benchmark::State& state)
+{
+    Fixture f(state);
+    QGuiApplication::clipboard()->setText(QStringLiteral("12345"));
+    for (const auto _ : state) {
+        f.press(QKeySequence::Paste);
+    }
+    count(state);
+}
+BENCHMARK(pasteValue)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+/// Asks the validator and the model with texts that are there already.
+void pastePlainLoop(benchmark::State& state)
+{
+    Fixture f(state);
+    const QStringList texts = cellTexts(f);
+    for (const auto _ : state) {
+        int i = 0;
+        for (int row = 0; row < f.model.rowCount(); ++row) {
+            for (int column = 0; column < columns; ++column) {
+                boost::any value;
+                if (f.validator->validate(texts[i++], value, {})) {
+                    f.model.setData(f.model.index(row, column),
+                                    QVariant::fromValue<boost::any>(value), EditRole);
+                }
+            }
+        }
+    }
+    count(state);
+}
+BENCHMARK(pastePlainLoop)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+void clear(benchmark::State& state)
+{
+    Fixture f(state);
+    for (const auto _ : state) {
+        f.press(QKeySequence::Delete);
+    }
+    count(state);
+}
+BENCHMARK(clear)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+/// Only the calls of the model.
+void writePlainLoop(benchmark::State& state)
+{
+    Fixture f(state);
+    for (const auto _ : state) {
+        for (int row = 0; row < f.model.rowCount(); ++row) {
+            for (int column = 0; column < columns; ++column) {
+                f.model.setData(f.model.index(row, column),
+                                QVariant::fromValue<boost::any>(boost::any()), EditRole);
+            }
+        }
+    }
+    count(state);
+}
+BENCHMARK(writePlainLoop)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const QApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
