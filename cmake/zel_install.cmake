@@ -73,7 +73,7 @@ if(TARGET frame_editor)
     install(CODE "set(zel_bin \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
         file(RENAME \"\${zel_bin}/frame_editor\" \"\${zel_bin}/zel-frame-editor\")"
         COMPONENT example)
-    install(DIRECTORY examples/frame_editor/models
+    install(DIRECTORY examples/frame_editor/models examples/frame_editor/forms
         DESTINATION ${CMAKE_INSTALL_DATADIR}/zel/frame_editor COMPONENT example)
     install(FILES packaging/zel-frame-editor.desktop
         DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT example)

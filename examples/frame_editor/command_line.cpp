@@ -29,6 +29,8 @@ bool takeOption(const QString& option, const QString& value, CommandLine& result
         }
     } else if (value.isEmpty()) {
         error = QObject::tr("%1: the file name is empty").arg(option);
+    } else if (option == QLatin1String("--form")) {
+        result.formFile = value;
     } else if (option == QLatin1String("--save")) {
         result.saveFile = value;
     } else {
@@ -63,8 +65,8 @@ bool CommandLine::headless() const
 bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString& error)
 {
     static const QStringList options{QStringLiteral("--select"), QStringLiteral("--set"),
-                                     QStringLiteral("--units"), QStringLiteral("--save"),
-                                     QStringLiteral("--screenshot")};
+                                     QStringLiteral("--units"),  QStringLiteral("--form"),
+                                     QStringLiteral("--save"),   QStringLiteral("--screenshot")};
     error.clear();
     for (int i = 0; i < arguments.size() && error.isEmpty(); ++i) {
         const QString& argument = arguments.at(i);
@@ -109,6 +111,7 @@ QString commandLineHelp()
         "  --select NAMES       selects members, names separated by commas; may be repeated\n"
         "  --select-all         selects all members\n"
         "  --units COLUMN       unit settings, 0 to 9: 0 to 7 metric, 8 and 9 imperial\n"
+        "  --form FILE          the form of the properties, in place of the one that comes along\n"
         "\n"
         "  --set PROPERTY=TEXT  types TEXT into the field of the selected members; may be "
         "repeated\n"

@@ -18,6 +18,7 @@ struct CommandLine
     bool selectAll = false;
     QVector<Setting> settings; ///< in the order given
     int column = 0;            ///< of the unit settings
+    QString formFile;          ///< empty for the one that comes with the program
     QString saveFile;          ///< empty for none
     QString screenshotFile;    ///< empty for none
     bool list = false;

@@ -47,10 +47,10 @@ public:
     bool isModified() const;
 
     /// Opens a model file. The selection and the history start anew.
-    /// @throws ModelFileError; the open model, its selection and its history then stay as they are
+    /// @throws FileError; the open model, its selection and its history then stay as they are
     void open(const QString& fileName);
     /// Writes the model to a file, which becomes that of the document.
-    /// @throws ModelFileError; the document then stays as it is, modified mark included
+    /// @throws FileError; the document then stays as it is, modified mark included
     void saveAs(const QString& fileName);
     /// Replaces the model, as if it had been opened from `fileName`.
     void setModel(const FrameModel& model, const QString& fileName);

@@ -52,8 +52,8 @@ EditorMetaData makeQuantity(QWidget* parent, const HintTree& hints)
     auto validator =
         boost::make_shared<QuantityValidator>(zel::units::v1::get_active_input_context(), unitSet);
     validator->setLimits(
-        zel::qt::readHintOr(hints, "minimum", std::numeric_limits<double>::lowest()),
-        zel::qt::readHintOr(hints, "maximum", std::numeric_limits<double>::max()));
+        zel::qt::readHintOr(hints, "validator.minimum", std::numeric_limits<double>::lowest()),
+        zel::qt::readHintOr(hints, "validator.maximum", std::numeric_limits<double>::max()));
     auto* edit = new QuantityEdit(parent, validator);
     edit->setUnitString(shownUnit(zel::units::v1::get_active_input_context(), unitSet));
     return metaDataOf(edit);
@@ -102,11 +102,9 @@ EditorMetaData makeGroup(QWidget* parent, const HintTree& hints)
         QString::fromStdString(zel::qt::readHintOr<std::string>(hints, "label", {})), parent));
 }
 
-EditorMetaData makeFile(QWidget* parent, const HintTree& hints)
+EditorMetaData makeFile(QWidget* parent, const HintTree&)
 {
-    auto* picker = new zel::qt::MultiEditFilePicker(parent, zel::qt::PathFile);
-    picker->setFilter(zel::qt::readHintOr<std::string>(hints, "filter", {}));
-    return metaDataOf(picker);
+    return metaDataOf(new zel::qt::MultiEditFilePicker(parent, zel::qt::PathFile));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include "examples/frame_editor/command_line.h"
 #include "examples/frame_editor/document.h"
 #include "examples/frame_editor/field_value.h"
+#include "examples/frame_editor/form.h"
 #include "examples/frame_editor/key_driver.h"
 #include "examples/frame_editor/main_window.h"
 #include "examples/frame_editor/member_selection.h"
@@ -63,6 +64,9 @@ public:
 
     void perform()
     {
+        if (!m_line.formFile.isEmpty()) {
+            m_window.panel().setForm(loadForm(m_line.formFile));
+        }
         m_document.open(m_line.modelFile);
         m_units.setColumn(m_line.column);
         select();

@@ -1,5 +1,7 @@
 #include "examples/frame_editor/json_value.h"
 
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QObject>
 #include <QTextCodec>
 
@@ -339,6 +341,35 @@ QString jsonTypeName(JsonValue::Type type)
         return QObject::tr("an object");
     }
     return QString();
+}
+
+QJsonValue toQt(const JsonValue& value)
+{
+    switch (value.type) {
+    case JsonValue::Type::Null:
+        break;
+    case JsonValue::Type::Bool:
+        return value.boolean;
+    case JsonValue::Type::Number:
+        return value.number;
+    case JsonValue::Type::String:
+        return value.string;
+    case JsonValue::Type::Array: {
+        QJsonArray array;
+        for (const JsonValue& item : value.items) {
+            array.append(toQt(item));
+        }
+        return array;
+    }
+    case JsonValue::Type::Object: {
+        QJsonObject object;
+        for (const JsonValue::Member& member : value.members) {
+            object.insert(member.first, toQt(member.second));
+        }
+        return object;
+    }
+    }
+    return QJsonValue(QJsonValue::Null);
 }
 
 JsonValue parseJson(const QByteArray& text)

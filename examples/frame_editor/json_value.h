@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QJsonValue>
 #include <QString>
 
 #include <stdexcept>
@@ -57,6 +58,9 @@ struct JsonValue
 
 /// "a number", "an object" ...: for messages.
 QString jsonTypeName(JsonValue::Type type);
+
+/// The same value as Qt has it, without places.
+QJsonValue toQt(const JsonValue& value);
 
 /// Reads one JSON value that fills the whole text, a byte order mark apart.
 ///

@@ -1,12 +1,15 @@
 #include "examples/frame_editor/command_line.h"
 #include "examples/frame_editor/document.h"
+#include "examples/frame_editor/form.h"
 #include "examples/frame_editor/headless_run.h"
 #include "examples/frame_editor/main_window.h"
 #include "examples/frame_editor/member_selection.h"
-#include "examples/frame_editor/standard_form.h"
 #include "examples/frame_editor/unit_settings.h"
 
+#include "examples/frame_editor/file_error.h"
+
 #include <QApplication>
+#include <QMessageBox>
 
 #include <cstdio>
 
@@ -39,10 +42,16 @@ void dropPlatformMessages(QtMsgType type, const QMessageLogContext& context, con
 }
 
 /// Opens the model in the window and stays until the window is closed.
-int runWindow(const CommandLine& line, Document& document, UnitSettings& units, MainWindow& window)
+int runWindow(const CommandLine& line, Document& document, UnitSettings& units, MainWindow& window,
+              const QString& formError)
 {
     units.setColumn(line.column);
     window.show();
+    if (!line.formFile.isEmpty()) {
+        window.openForm(line.formFile);
+    } else if (!formError.isEmpty()) {
+        QMessageBox::warning(&window, QObject::tr("The form cannot be used"), formError);
+    }
     if (!line.modelFile.isEmpty() && window.openFile(line.modelFile)) {
         QVector<int> members;
         for (std::size_t i = 0; i < document.model().members.size(); ++i) {
@@ -88,7 +97,19 @@ int main(int argc, char* argv[])
     QCoreApplication::setApplicationName(QStringLiteral("frame_editor"));
     Document document;
     UnitSettings units;
-    MainWindow window(document, units, standardForm());
+    Form form;
+    QString formError;
+    try {
+        form = standardForm();
+    } catch (const FileError& formFault) {
+        formError = formFault.message();
+        if (line.headless() && line.formFile.isEmpty()) {
+            fail(formError);
+            return 1;
+        }
+        form = builtInForm();
+    }
+    MainWindow window(document, units, form);
     return line.headless() ? runHeadless(line, document, units, window)
-                           : runWindow(line, document, units, window);
+                           : runWindow(line, document, units, window, formError);
 }

@@ -3,6 +3,7 @@
 #include "examples/frame_editor/canvas.h"
 #include "examples/frame_editor/canvas_overview.h"
 #include "examples/frame_editor/document.h"
+#include "examples/frame_editor/form.h"
 #include "examples/frame_editor/member_list.h"
 #include "examples/frame_editor/model_file.h"
 #include "examples/frame_editor/property_panel.h"
@@ -39,6 +40,7 @@ MainWindow::MainWindow(Document& document, UnitSettings& units, const Form& form
     createEditActions(*bar);
     createViewActions(*bar);
     createUnitChooser(*bar);
+    createViewMenu();
     connect(&document, &Document::fileChanged, this, &MainWindow::showFile);
     showFile();
     statusBar()->showMessage(tr("Ready"));
@@ -141,6 +143,16 @@ void MainWindow::createUnitChooser(QToolBar& bar)
             [this, chooser] { chooser->setCurrentIndex(m_units.column()); });
 }
 
+void MainWindow::createViewMenu()
+{
+    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    for (const QString& fileName : formFiles()) {
+        menu->addAction(tr("Form \"%1\"").arg(QFileInfo(fileName).completeBaseName()), this,
+                        [this, fileName] { openForm(fileName); });
+    }
+    menu->addAction(tr("&Open a form..."), this, &MainWindow::openFormWithDialog);
+}
+
 void MainWindow::createViews(const Form& form)
 {
     QDockWidget* members =
@@ -183,13 +195,36 @@ bool MainWindow::openFile(const QString& fileName)
 {
     try {
         m_document.open(fileName);
-    } catch (const ModelFileError& error) {
+    } catch (const FileError& error) {
         showStatus(error.message());
         QMessageBox::warning(this, tr("The model cannot be opened"), error.message());
         return false;
     }
     showStatus(tr("%1 opened").arg(QFileInfo(fileName).fileName()));
     return true;
+}
+
+bool MainWindow::openForm(const QString& fileName)
+{
+    try {
+        m_panel->setForm(loadForm(fileName));
+    } catch (const FileError& error) {
+        showStatus(error.message());
+        QMessageBox::warning(this, tr("The form cannot be used"), error.message());
+        return false;
+    }
+    showStatus(tr("Form: %1").arg(m_panel->form().title));
+    return true;
+}
+
+void MainWindow::openFormWithDialog()
+{
+    const QStringList forms = formFiles();
+    const QString fileName = QFileDialog::getOpenFileName(
+        this, tr("Open a form"), forms.isEmpty() ? QString() : forms.first(), tr("Forms (*.json)"));
+    if (!fileName.isEmpty()) {
+        openForm(fileName);
+    }
 }
 
 void MainWindow::openWithDialog()
@@ -221,7 +256,7 @@ bool MainWindow::saveTo(const QString& fileName)
     m_panel->commitPending();
     try {
         m_document.saveAs(fileName);
-    } catch (const ModelFileError& error) {
+    } catch (const FileError& error) {
         showStatus(error.message());
         QMessageBox::warning(this, tr("The model cannot be saved"), error.message());
         return false;

@@ -34,12 +34,17 @@ public:
     /// @return whether the file is open now
     bool openFile(const QString& fileName);
 
+    /// Shows the properties in the form of a file. A file that cannot be read is told of in a
+    /// message box, and the present form stays.
+    bool openForm(const QString& fileName);
+
     /// Shows one line in the status bar until the next one comes.
     void showStatus(const QString& text);
 
 public Q_SLOTS:
     /// Asks for the fate of changes and for a file.
     void openWithDialog();
+    void openFormWithDialog();
     /// Saves to the file of the document, asking for one if it has none.
     /// @return whether the model is saved
     bool save();
@@ -53,6 +58,7 @@ private:
     void createEditActions(QToolBar& bar);
     void createViewActions(QToolBar& bar);
     void createUnitChooser(QToolBar& bar);
+    void createViewMenu();
     void createViews(const Form& form);
     void createCanvas();
     QDockWidget* addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content);

@@ -151,7 +151,7 @@ void saveModel(const FrameModel& model, const QString& fileName)
     QSaveFile file(fileName);
     const QByteArray bytes = writeModel(model);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
-        throw ModelFileError(QObject::tr("%1: not saved: %2").arg(fileName, file.errorString()));
+        throw FileError(QObject::tr("%1: not saved: %2").arg(fileName, file.errorString()));
     }
 }
 

@@ -33,8 +33,11 @@ PropertyField::PropertyField(Document& document, const MemberProperty& property,
     : QObject(parent)
     , m_document(document)
     , m_property(property)
+    , m_display(property)
     , m_editor(zel::qt::createEditorFromHints(parent, hints))
 {
+    m_display.unitSet =
+        zel::qt::readHintOr(hints, "validator.unit_id", zel::units::UnitId(property.unitSet));
     if (m_editor.editor) {
         m_control = dynamic_cast<zel::qt::MultiEditControlBase*>(m_editor.editor);
         m_lineEdit = dynamic_cast<zel::qt::MultiEditLineEdit*>(m_editor.editor);
@@ -114,7 +117,7 @@ void PropertyField::load(const QVector<int>& members)
     for (const int index : members) {
         const PropertyValue value =
             m_property.get(m_document.model().members.at(static_cast<std::size_t>(index)));
-        texts.insert(displayText(m_property, value));
+        texts.insert(displayText(m_display, value));
     }
     // What the user reads is what differs or not: two numbers behind one text are one to him.
     if (texts.size() > 1) {
@@ -122,7 +125,7 @@ void PropertyField::load(const QVector<int>& members)
     } else if (!members.isEmpty()) {
         const auto first = static_cast<std::size_t>(members.first());
         m_editor.setValue(
-            toEditorValue(m_property, m_property.get(m_document.model().members.at(first))));
+            toEditorValue(m_display, m_property.get(m_document.model().members.at(first))));
     }
     m_shown = m_lineEdit ? m_lineEdit->edit().text() : QString();
 }
@@ -151,7 +154,7 @@ void PropertyField::choose(const PropertyValue& value)
     {
         const QScopedValueRollback<bool> loading(m_loading, true);
         showNothingTyped();
-        m_editor.setValue(toEditorValue(m_property, value));
+        m_editor.setValue(toEditorValue(m_display, value));
     }
     onValueChanged();
 }
@@ -195,7 +198,7 @@ FieldOutcome PropertyField::commitText()
         m_quantity ? m_quantity->quantityValidator().takeMoved() : std::nullopt;
     boost::any value;
     const bool decided = m_editor.getValue(value);
-    const std::optional<PropertyValue> converted = fromEditorValue(m_property, value);
+    const std::optional<PropertyValue> converted = fromEditorValue(m_display, value);
     if (!decided || !converted) {
         return {};
     }
@@ -209,7 +212,7 @@ FieldOutcome PropertyField::commitText()
     rememberText(typed);
     if (moved) {
         outcome.message = tr("%1: limited to %2, \"%3\" was typed")
-                              .arg(m_property.label, displayText(m_property, *converted), typed);
+                              .arg(m_property.label, displayText(m_display, *converted), typed);
     }
     return outcome;
 }
@@ -220,7 +223,7 @@ FieldOutcome PropertyField::commitChoice()
     if (!m_editor.getValue(value)) {
         return {};
     }
-    const std::optional<PropertyValue> converted = fromEditorValue(m_property, value);
+    const std::optional<PropertyValue> converted = fromEditorValue(m_display, value);
     if (!converted) {
         const auto* combo = m_editor.editor->findChild<QComboBox*>();
         const QString text = combo ? combo->currentText() : QString();
@@ -280,7 +283,7 @@ void PropertyField::rememberText(const QString& typed)
     const QString shown = m_lineEdit->edit().text();
     const zel::units::v1::Context& context = zel::units::v1::get_active_input_context();
     const auto read = [this, &context](const QString& text) {
-        return context.parse(text.toStdWString(), zel::units::UnitId(m_property.unitSet),
+        return context.parse(text.toStdWString(), zel::units::UnitId(m_display.unitSet),
                              std::locale::classic());
     };
     const auto first = static_cast<std::size_t>(m_members.first());
@@ -291,7 +294,7 @@ void PropertyField::rememberText(const QString& typed)
     } else {
         const QString entry = endsInUnit(typed) ? typed.trimmed()
                                                 : typed.trimmed() + QLatin1Char(' ') +
-                                                      shownUnit(context, m_property.unitSet);
+                                                      shownUnit(context, m_display.unitSet);
         m_lineEdit->valueHistory()->add(entry.toStdWString());
     }
 }

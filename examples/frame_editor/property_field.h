@@ -94,6 +94,7 @@ private:
 
     Document& m_document;
     const MemberProperty& m_property;
+    MemberProperty m_display; ///< the property in the unit set that the form chose
     zel::qt::EditorMetaData m_editor;
     zel::qt::MultiEditControlBase* m_control = nullptr;
     zel::qt::MultiEditLineEdit* m_lineEdit = nullptr; ///< null for a choice

@@ -4,7 +4,6 @@
 #include "examples/frame_editor/field_value.h"
 #include "examples/frame_editor/form_editors.h"
 #include "examples/frame_editor/member_selection.h"
-#include "examples/frame_editor/section_picture.h"
 #include "examples/frame_editor/unit_settings.h"
 
 #include "qt/inc/controls.h"
@@ -18,54 +17,22 @@
 #include <QUndoStack>
 #include <QVBoxLayout>
 
-#include <boost/make_shared.hpp>
-
 #include <algorithm>
 
 namespace frame_editor {
 
 using zel::qt::HintTree;
-using zel::qt::NamedValueList;
 
 namespace {
 
-constexpr int pictureSize = 24;
+constexpr int radioTop = 6; ///< brings the caption to the height of the first button
 
-template <class T>
-void putHint(HintTree& hints, const char* path, const T& value)
+HintTree groupHints(const QString& caption)
 {
-    hints.put_child(path, HintTree(boost::any(value)));
-}
-
-void putHintUnlessGiven(HintTree& hints, const char* path, const boost::any& value)
-{
-    if (!hints.get_child_optional(path)) {
-        hints.put_child(path, HintTree(value));
-    }
-}
-
-template <class Item>
-NamedValueList namesOf(const std::vector<Item>& items)
-{
-    NamedValueList values;
-    for (const Item& item : items) {
-        values.emplace_back(item.name, item.name.toStdString());
-    }
-    return values;
-}
-
-zel::qt::PixmapPtrList picturesOf(const std::vector<Section>& sections)
-{
-    double extent = 0.0;
-    for (const Section& section : sections) {
-        extent = std::max({extent, section.depth, section.width});
-    }
-    zel::qt::PixmapPtrList pictures;
-    for (const Section& section : sections) {
-        pictures.push_back(
-            boost::make_shared<QPixmap>(sectionPicture(section, pictureSize, extent)));
-    }
-    return pictures;
+    HintTree hints;
+    hints.put_child("editor", HintTree(boost::any(std::string("group"))));
+    hints.put_child("label", HintTree(boost::any(caption.toStdString())));
+    return hints;
 }
 
 } // namespace
@@ -111,6 +78,18 @@ const std::vector<PropertyField*>& PropertyPanel::fields() const
     return m_fields;
 }
 
+void PropertyPanel::setForm(const Form& form)
+{
+    commitPending();
+    m_form = form;
+    rebuild();
+}
+
+const Form& PropertyPanel::form() const
+{
+    return m_form;
+}
+
 void PropertyPanel::commitPending()
 {
     // By a copy: a commit makes the document tell its views.
@@ -148,8 +127,9 @@ void PropertyPanel::rebuild()
     m_heading->setTextFormat(Qt::PlainText);
     m_heading->setWordWrap(true);
     layout->addWidget(m_heading);
+    const zel::qt::HintRegistry registry = formRegistry(m_document.model());
     for (const FormGroup& group : m_form.groups) {
-        addGroup(group, layout);
+        addGroup(group, registry, layout);
     }
     layout->addStretch(1);
     alignColumns();
@@ -161,15 +141,13 @@ void PropertyPanel::rebuild()
     }
 }
 
-void PropertyPanel::addGroup(const FormGroup& group, QBoxLayout* layout)
+void PropertyPanel::addGroup(const FormGroup& group, const zel::qt::HintRegistry& registry,
+                             QBoxLayout* layout)
 {
     QWidget* box = nullptr;
     if (group.property) {
-        HintTree hints;
-        putHint(hints, "editor", std::string("group"));
-        putHint(hints, "label", withMnemonic(group.title).toStdString());
-        PropertyField* field =
-            adopt(new PropertyField(m_document, *group.property, hints, m_content));
+        PropertyField* field = adopt(new PropertyField(
+            m_document, *group.property, groupHints(withMnemonic(group.title)), m_content));
         box = field->editor();
         layout->addWidget(box);
         addSwitch(field, layout);
@@ -181,7 +159,7 @@ void PropertyPanel::addGroup(const FormGroup& group, QBoxLayout* layout)
     layouter.onCreate(box);
     int row = 0;
     for (const FormField& formField : group.fields) {
-        addField(formField, box, row++, layouter);
+        addField(formField, box, row++, registry, layouter);
     }
     layouter.onFinish();
 }
@@ -206,23 +184,24 @@ void PropertyPanel::addSwitch(PropertyField* field, QBoxLayout* layout)
 }
 
 void PropertyPanel::addField(const FormField& formField, QWidget* box, int row,
+                             const zel::qt::HintRegistry& registry,
                              zel::qt::PropertyGridLayouter& layouter)
 {
-    const MemberProperty& property = *formField.property;
-    HintTree hints = completed(formField);
-    const QString caption = withMnemonic(property.label);
-    putHint(hints, "label", caption.toStdString());
-    auto* field = adopt(new PropertyField(m_document, property, hints, box));
+    FormField shown = formField;
+    shown.caption = withMnemonic(formField.caption);
+    auto* field =
+        adopt(new PropertyField(m_document, *formField.property, hintsOf(shown, registry), box));
     QWidget* editor = field->editor();
     if (dynamic_cast<zel::qt::MultiEditCheckBox*>(editor)) {
         layouter.onAdd(editor); // it bears its caption itself
         return;
     }
-    layouter.onAdd(editor, caption);
+    layouter.onAdd(editor, shown.caption);
     if (auto* label = qobject_cast<QLabel*>(layouter.layout()->itemAtPosition(row, 0)->widget())) {
         label->setBuddy(editor);
         if (dynamic_cast<zel::qt::MultiEditRadioButtonGroup*>(editor)) {
             layouter.layout()->setAlignment(label, Qt::AlignTop);
+            label->setContentsMargins(0, radioTop, 0, 0);
         }
     }
 }
@@ -274,38 +253,6 @@ void PropertyPanel::alignColumns()
     for (QLabel* unit : units) {
         unit->setMinimumWidth(unitWidth);
     }
-}
-
-HintTree PropertyPanel::completed(const FormField& formField) const
-{
-    HintTree hints = formField.hints;
-    const MemberProperty& property = *formField.property;
-    switch (property.kind) {
-    case PropertyKind::Quantity:
-        putHintUnlessGiven(hints, "validator.unit_id", zel::units::UnitId(property.unitSet));
-        break;
-    case PropertyKind::Choice: {
-        NamedValueList values;
-        for (const MemberProperty::Choice& choice : property.choices) {
-            values.emplace_back(choice.second, choice.first.toStdString());
-        }
-        putHint(hints, "values", values);
-        hints.put_child("equal_value_fn", HintTree(boost::any(&equalTexts)));
-        break;
-    }
-    case PropertyKind::Section:
-        putHint(hints, "values", namesOf(m_document.model().sections));
-        putHint(hints, "pixmaps", picturesOf(m_document.model().sections));
-        break;
-    case PropertyKind::Material:
-        putHint(hints, "values", namesOf(m_document.model().materials));
-        break;
-    case PropertyKind::Text:
-    case PropertyKind::Name:
-    case PropertyKind::Flag:
-        break;
-    }
-    return hints;
 }
 
 QString PropertyPanel::withMnemonic(const QString& caption)

@@ -29,6 +29,10 @@ public:
     PropertyPanel(Document& document, UnitSettings& units, const Form& form, QWidget* parent);
     ~PropertyPanel() override;
 
+    /// Shows another form.
+    void setForm(const Form& form);
+    const Form& form() const;
+
     /// The field of a property, or null if the form has none.
     PropertyField* field(const QString& property) const;
     /// All fields, in the order in which the Tab key goes through them.
@@ -53,15 +57,13 @@ private:
     };
 
     void rebuild();
-    void addGroup(const FormGroup& group, QBoxLayout* layout);
+    void addGroup(const FormGroup& group, const zel::qt::HintRegistry& registry,
+                  QBoxLayout* layout);
     void addSwitch(PropertyField* field, QBoxLayout* layout);
     void addField(const FormField& formField, QWidget* box, int row,
-                  zel::qt::PropertyGridLayouter& layouter);
+                  const zel::qt::HintRegistry& registry, zel::qt::PropertyGridLayouter& layouter);
     PropertyField* adopt(PropertyField* field);
     void alignColumns();
-    /// The hints of a field with what the form does not say: its unit, and the entries of lists,
-    /// which only the open model knows.
-    zel::qt::HintTree completed(const FormField& formField) const;
     QString withMnemonic(const QString& caption);
     void load();
     void refresh();

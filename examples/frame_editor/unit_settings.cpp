@@ -1,5 +1,6 @@
 #include "examples/frame_editor/unit_settings.h"
 
+#include <algorithm>
 #include <locale>
 
 namespace frame_editor {
@@ -44,6 +45,15 @@ QString shownUnit(const zel::units::v1::Context& context, int unitSet)
 {
     const zel::units::UnitId unit = context.format_provider().get_unit(zel::units::UnitId(unitSet));
     return QString::fromStdString(context.unit_provider().get_label(unit));
+}
+
+bool isSameQuantity(int unitSet, int otherUnitSet)
+{
+    const zel::units::v1::Context context(0);
+    const auto units = context.unit_provider().get_set_units(zel::units::UnitId(unitSet));
+    const auto others = context.unit_provider().get_set_units(zel::units::UnitId(otherUnitSet));
+    return std::find_first_of(units.begin(), units.end(), others.begin(), others.end()) !=
+           units.end();
 }
 
 QString formatQuantity(const zel::units::v1::Context& context, int unitSet, double value)

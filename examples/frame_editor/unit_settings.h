@@ -37,6 +37,9 @@ QString columnName(int column);
 /// The label of the unit in which a unit set is shown, "kN/m".
 QString shownUnit(const zel::units::v1::Context& context, int unitSet);
 
+/// Whether two unit sets hold the same sort of quantity: they have a unit in common.
+bool isSameQuantity(int unitSet, int otherUnitSet);
+
 /// A number of base units as text, "2.50 kN/m".
 QString formatQuantity(const zel::units::v1::Context& context, int unitSet, double value);
 

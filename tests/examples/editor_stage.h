@@ -4,7 +4,7 @@
 #include "examples/frame_editor/main_window.h"
 #include "examples/frame_editor/member_selection.h"
 #include "examples/frame_editor/property_panel.h"
-#include "examples/frame_editor/standard_form.h"
+#include "examples/frame_editor/form.h"
 #include "examples/frame_editor/unit_settings.h"
 #include "tests/helpers/active_window.h"
 
@@ -100,7 +100,7 @@ struct EditorStage
 
     frame_editor::Document document;
     frame_editor::UnitSettings units;
-    frame_editor::MainWindow window{document, units, frame_editor::standardForm()};
+    frame_editor::MainWindow window{document, units, frame_editor::builtInForm()};
 };
 
 } // namespace zel::test

@@ -207,7 +207,7 @@ void TestDocument::failedOpenLeavesEverything()
     QSignalSpy changed(&document, &Document::changed);
     QSignalSpy selected(&document, &Document::selectionChanged);
     QSignalSpy fileChanged(&document, &Document::fileChanged);
-    QVERIFY_EXCEPTION_THROWN(document.open(bad), ModelFileError);
+    QVERIFY_EXCEPTION_THROWN(document.open(bad), FileError);
     QCOMPARE(changed.count() + selected.count() + fileChanged.count(), 0);
     QCOMPARE(writeModel(document.model()), before);
     QCOMPARE(document.selection().members(), (QVector<int>{2, 3}));
@@ -223,7 +223,7 @@ void TestDocument::failedSaveLeavesTheMark()
     document.open(portalFrame);
     document.setMemberValues(propertyOf("note"), {{0, QStringLiteral("kept")}});
     QVERIFY_EXCEPTION_THROWN(document.saveAs(folder.filePath(QStringLiteral("none/a.json"))),
-                             ModelFileError);
+                             FileError);
     QVERIFY(document.isModified());
     QCOMPARE(document.fileName(), portalFrame);
 }

@@ -30,6 +30,8 @@ private Q_SLOTS:
     void usage();
     void listAndPrint();
     void screenshot();
+    void form();
+    void badForm();
     void noDisplay();
     void help();
 
@@ -393,6 +395,55 @@ void TestFrameEditor::screenshot()
         }
     }
     QVERIFY(colours.size() > 20);
+}
+
+void TestFrameEditor::form()
+{
+    // A file beside the program's own: a field for the thickness in another unit set.
+    QTemporaryDir folder;
+    const QString form = folder.filePath(QStringLiteral("mine.json"));
+    QFile file(form);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(R"({"format": "frame_form", "version": 1, "title": "Mine", "groups": [
+        {"title": "Mine", "fields": [{"property": "thickness", "hints": {"editor": "quantity",
+         "validator": {"unit_id": 1025}}}]}]})");
+    file.close();
+    const QString saved = folder.filePath(QStringLiteral("out.json"));
+    const QStringList arguments{model(),
+                                QStringLiteral("--form"),
+                                form,
+                                QStringLiteral("--select"),
+                                QStringLiteral("C1"),
+                                QStringLiteral("--save"),
+                                saved,
+                                QStringLiteral("--set")};
+    // A bare number counts in the unit that the field shows.
+    const Result result = run(arguments + QStringList{QStringLiteral("thickness=35")});
+    QCOMPARE(result.err, QString());
+    QCOMPARE(result.code, 0);
+    QCOMPARE(
+        memberOf(read(saved), QStringLiteral("C1")).value(QStringLiteral("thickness")).toDouble(),
+        35 * 0.001);
+    const Result missing = run(arguments + QStringList{QStringLiteral("line_load=1")});
+    QCOMPARE(missing.code, 1);
+    QCOMPARE(missing.err,
+             QStringLiteral("frame_editor: the form has no field for \"line_load\"\n"));
+}
+
+void TestFrameEditor::badForm()
+{
+    QTemporaryDir folder;
+    const QString form = folder.filePath(QStringLiteral("bad.json"));
+    QFile file(form);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("{\"format\": \"frame_form\", \"version\": 1}");
+    file.close();
+    const Result result = run({model(), QStringLiteral("--form"), form, QStringLiteral("--save"),
+                               folder.filePath(QStringLiteral("out.json"))});
+    QCOMPARE(result.code, 1);
+    QCOMPARE(result.err,
+             QStringLiteral("frame_editor: %1:1:1: $: the key \"title\" is missing\n").arg(form));
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("bad.json")});
 }
 
 void TestFrameEditor::noDisplay()

@@ -296,7 +296,7 @@ void TestModelFile::refused()
     try {
         readModel(text, QStringLiteral("m.json"));
         QFAIL("the model was accepted");
-    } catch (const ModelFileError& error) {
+    } catch (const FileError& error) {
         QCOMPARE(error.message(), message);
     }
 }
@@ -308,7 +308,7 @@ void TestModelFile::missingFile()
     try {
         loadModel(fileName);
         QFAIL("there is no such file");
-    } catch (const ModelFileError& error) {
+    } catch (const FileError& error) {
         QVERIFY(error.message().startsWith(fileName + QStringLiteral(": ")));
     }
 }
@@ -330,7 +330,7 @@ void TestModelFile::folderThatIsNoFolder()
     try {
         saveModel(smallModel(), fileName);
         QFAIL("there is no such folder");
-    } catch (const ModelFileError& error) {
+    } catch (const FileError& error) {
         QVERIFY(error.message().startsWith(fileName + QStringLiteral(": not saved: ")));
     }
 }
@@ -343,7 +343,7 @@ void TestModelFile::failedSaveKeepsTheFile()
     try {
         saveModel(smallModel(), folder.filePath(QStringLiteral("out.json")));
         QFAIL("a folder was overwritten");
-    } catch (const ModelFileError&) {
+    } catch (const FileError&) {
     }
     QVERIFY(QDir(folder.filePath(QStringLiteral("out.json/inside"))).exists());
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
