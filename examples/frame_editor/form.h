@@ -31,7 +31,7 @@ struct FormGroup
 };
 
 /// Which properties of members are edited, in which order and with what editors. Read from a file,
-/// so that a user arranges his own; docs/forms.md tells the format.
+/// so that a user arranges his own; docs/frame_model.md tells the format.
 struct Form
 {
     QString title;
