@@ -31,7 +31,8 @@ QStringList& translationNames()
 void loadTranslation(const QString& name)
 {
     auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
-    for (QString language : QLocale().uiLanguages()) {
+    const QStringList languages = QLocale().uiLanguages();
+    for (QString language : languages) {
         if (language.section(QLatin1Char('-'), 0, 0) == QLatin1String("en")) {
             return;
         }
