@@ -40,7 +40,6 @@ MainWindow::MainWindow(Document& document, UnitSettings& units, const Form& form
     createEditActions(*bar);
     createViewActions(*bar);
     createUnitChooser(*bar);
-    createViewMenu();
     connect(&document, &Document::fileChanged, this, &MainWindow::showFile);
     showFile();
     statusBar()->showMessage(tr("Ready"));
@@ -121,6 +120,12 @@ void MainWindow::createViewActions(QToolBar& bar)
     fit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_0));
     bar.addAction(fit);
     bar.addSeparator();
+    menu->addSeparator();
+    for (const QString& fileName : formFiles()) {
+        menu->addAction(tr("Form \"%1\"").arg(QFileInfo(fileName).completeBaseName()), this,
+                        [this, fileName] { openForm(fileName); });
+    }
+    menu->addAction(tr("&Open a form..."), this, &MainWindow::openFormWithDialog);
 }
 
 void MainWindow::createUnitChooser(QToolBar& bar)
@@ -141,16 +146,6 @@ void MainWindow::createUnitChooser(QToolBar& bar)
             &UnitSettings::setColumn);
     connect(&m_units, &UnitSettings::changed, chooser,
             [this, chooser] { chooser->setCurrentIndex(m_units.column()); });
-}
-
-void MainWindow::createViewMenu()
-{
-    QMenu* menu = menuBar()->addMenu(tr("&View"));
-    for (const QString& fileName : formFiles()) {
-        menu->addAction(tr("Form \"%1\"").arg(QFileInfo(fileName).completeBaseName()), this,
-                        [this, fileName] { openForm(fileName); });
-    }
-    menu->addAction(tr("&Open a form..."), this, &MainWindow::openFormWithDialog);
 }
 
 void MainWindow::createViews(const Form& form)

@@ -58,7 +58,6 @@ private:
     void createEditActions(QToolBar& bar);
     void createViewActions(QToolBar& bar);
     void createUnitChooser(QToolBar& bar);
-    void createViewMenu();
     void createViews(const Form& form);
     void createCanvas();
     QDockWidget* addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content);
