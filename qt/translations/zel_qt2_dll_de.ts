@@ -28,6 +28,16 @@
         <comment>property_yes_no</comment>
         <translation>Nein</translation>
     </message>
+    <message>
+        <source>The values differ.</source>
+        <comment>accessible description</comment>
+        <translation>Die Werte sind verschieden.</translation>
+    </message>
+    <message>
+        <source>The text is not valid.</source>
+        <comment>accessible description</comment>
+        <translation>Der Text ist ungültig.</translation>
+    </message>
 </context>
 <context>
     <name>zel::qt::MultiEditCheckBoxGroup</name>

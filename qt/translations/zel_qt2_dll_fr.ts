@@ -28,6 +28,16 @@
         <comment>property_yes_no</comment>
         <translation>Non</translation>
     </message>
+    <message>
+        <source>The values differ.</source>
+        <comment>accessible description</comment>
+        <translation>Les valeurs diffèrent.</translation>
+    </message>
+    <message>
+        <source>The text is not valid.</source>
+        <comment>accessible description</comment>
+        <translation>Le texte n’est pas valide.</translation>
+    </message>
 </context>
 <context>
     <name>zel::qt::MultiEditCheckBoxGroup</name>

@@ -71,6 +71,8 @@ private Q_SLOTS:
     void onClicked(int state);
 
 private:
+    void setVarying(bool varies);
+
     bool m_dataVaries = false;
     bool m_firstRead = true;
     bool m_emitValueChanged = true;

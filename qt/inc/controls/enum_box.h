@@ -165,6 +165,8 @@ protected:
     void onSelected() override;
 
 private:
+    void setVarying(bool varies);
+
     bool m_dataVaries = false;
     bool m_firstRead = true;
 };

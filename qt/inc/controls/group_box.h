@@ -46,6 +46,8 @@ private Q_SLOTS:
     void onClicked(bool checked);
 
 private:
+    void setVarying(bool varies);
+
     bool m_dataVaries = false;
     bool m_firstRead = true;
     bool m_emitValueChanged = true;

@@ -126,6 +126,8 @@ private Q_SLOTS:
 private:
     void onButtonCreated(QRadioButton* button);
 
+    void setVarying(bool varies);
+
     bool m_dataVaries = false;
     bool m_firstRead = true;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/smart_assert.h"
 #include "qt/inc/controls/signal_blocker.h"
+#include "qt/src/controls/accessible_description.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -52,7 +53,7 @@ MultiEditCheckBox::MultiEditCheckBox(const QString& label, QWidget* parent)
     connect(m_checkBox, SIGNAL(stateChanged(int)), this, SLOT(onClicked(int)));
     m_checkBox->setTristate(false);
     m_checkBox->setChecked(false);
-    m_dataVaries = false;
+    setVarying(false);
     m_firstRead = true;
 }
 
@@ -65,7 +66,7 @@ bool MultiEditCheckBox::getValue() const
 
 void MultiEditCheckBox::setChecked(bool checked)
 {
-    m_dataVaries = false;
+    setVarying(false);
     m_checkBox->setTristate(false);
     // A change of state comes back here through onClicked(), which makes the second signal.
     m_checkBox->setChecked(checked);
@@ -80,7 +81,7 @@ void MultiEditCheckBox::reset()
 {
     m_checkBox->setTristate(false);
     m_checkBox->setChecked(false);
-    m_dataVaries = false;
+    setVarying(false);
     m_firstRead = true;
 }
 
@@ -114,13 +115,13 @@ void MultiEditCheckBox::setValue(const boost::any& value)
         return;
     }
     const auto blocker = isLoading() ? std::make_shared<SignalBlocker>(this) : nullptr;
-    m_dataVaries = false;
+    setVarying(false);
     setChecked(*v);
 }
 
 void MultiEditCheckBox::forceVaries()
 {
-    m_dataVaries = true;
+    setVarying(true);
     m_firstRead = false;
     m_checkBox->setTristate(true);
     // Keeps the new state from onClicked(), which would leave the varying state at once.
@@ -140,8 +141,14 @@ void MultiEditCheckBox::resumeValueChangedSignal()
 
 void MultiEditCheckBox::onClicked(int state)
 {
-    m_dataVaries = false;
+    setVarying(false);
     setChecked(state == Qt::Checked);
+}
+
+void MultiEditCheckBox::setVarying(bool varies)
+{
+    m_dataVaries = varies;
+    detail::describeVarying(*m_checkBox, varies);
 }
 
 } // namespace zel::qt

@@ -2,6 +2,7 @@
 
 #include "platform/smart_assert.h"
 #include "qt/inc/controls/multi_edit_line_edit.h"
+#include "qt/src/controls/accessible_description.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -345,7 +346,7 @@ MultiEditEnumBox::~MultiEditEnumBox() = default;
 
 void MultiEditEnumBox::reset()
 {
-    m_dataVaries = false;
+    setVarying(false);
     m_firstRead = true;
     combo().removeVarious();
 }
@@ -377,7 +378,7 @@ void MultiEditEnumBox::setValue(const boost::any& value)
 
 void MultiEditEnumBox::forceVaries()
 {
-    m_dataVaries = true;
+    setVarying(true);
     m_firstRead = false;
     combo().addVarious(true);
 }
@@ -388,19 +389,25 @@ void MultiEditEnumBox::onItemActivated(const QString& text)
     // must never be written as a value.
     const bool chosenAgain = combo().getCurrentId() == combo().getVariousId() &&
                              text == combo().itemText(combo().currentIndex());
-    m_dataVaries = chosenAgain;
+    setVarying(chosenAgain);
     Q_EMIT valueChanged();
 }
 
 void MultiEditEnumBox::onLineEditTextChanged()
 {
-    m_dataVaries = combo().getCurrentId() == combo().getVariousId();
+    setVarying(combo().getCurrentId() == combo().getVariousId());
 }
 
 void MultiEditEnumBox::onSelected()
 {
-    m_dataVaries = false;
+    setVarying(false);
     Q_EMIT valueChanged();
+}
+
+void MultiEditEnumBox::setVarying(bool varies)
+{
+    m_dataVaries = varies;
+    detail::describeVarying(combo(), varies);
 }
 
 } // namespace zel::qt

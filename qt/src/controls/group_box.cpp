@@ -1,6 +1,7 @@
 #include "qt/inc/controls/group_box.h"
 
 #include "platform/smart_assert.h"
+#include "qt/src/controls/accessible_description.h"
 
 namespace zel::qt {
 
@@ -17,7 +18,7 @@ MultiEditGroupBox::MultiEditGroupBox(const QString& label, QWidget* parent)
     connect(this, SIGNAL(clicked(bool)), this, SLOT(onClicked(bool)));
     setChecked(false);
     setEnabled(true);
-    m_dataVaries = false;
+    setVarying(false);
     m_firstRead = true;
 }
 
@@ -32,7 +33,7 @@ void MultiEditGroupBox::reset()
 {
     setChecked(false);
     setEnabled(true);
-    m_dataVaries = false;
+    setVarying(false);
     m_firstRead = true;
 }
 
@@ -67,7 +68,7 @@ void MultiEditGroupBox::setValue(const boost::any& value)
     // Deliberately leaves a disabled group disabled: only a new reading, which begins with
     // reset(), opens it to the user again.
     setChecked(*checked);
-    m_dataVaries = false;
+    setVarying(false);
     if (m_emitValueChanged) {
         Q_EMIT valueChanged();
     }
@@ -75,7 +76,7 @@ void MultiEditGroupBox::setValue(const boost::any& value)
 
 void MultiEditGroupBox::forceVaries()
 {
-    m_dataVaries = true;
+    setVarying(true);
     m_firstRead = false;
     setEnabled(false);
 }
@@ -92,10 +93,16 @@ void MultiEditGroupBox::resumeValueChangedSignal()
 
 void MultiEditGroupBox::onClicked(bool)
 {
-    m_dataVaries = false;
+    setVarying(false);
     if (m_emitValueChanged) {
         Q_EMIT valueChanged();
     }
+}
+
+void MultiEditGroupBox::setVarying(bool varies)
+{
+    m_dataVaries = varies;
+    detail::describeVarying(*this, varies);
 }
 
 } // namespace zel::qt

@@ -2,6 +2,7 @@
 
 #include "qt/inc/controls/signal_blocker.h"
 #include "qt/inc/controls/varies_string.h"
+#include "qt/src/controls/accessible_description.h"
 
 #include <memory>
 #include <utility>
@@ -88,6 +89,7 @@ void MultiEditLineEdit::forceVaries()
     m_varies = true;
     m_first = false;
     edit().setText(getVariesString());
+    detail::describeVarying(edit(), true);
 }
 
 void MultiEditLineEdit::copyStateFrom(const MultiEditLineEdit& other)
@@ -95,6 +97,7 @@ void MultiEditLineEdit::copyStateFrom(const MultiEditLineEdit& other)
     edit().setText(other.edit().text());
     m_first = other.m_first;
     m_varies = other.m_varies;
+    detail::describeVarying(edit(), m_varies);
 }
 
 bool MultiEditLineEdit::vetoValidation(const QString& text)

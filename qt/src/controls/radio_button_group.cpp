@@ -2,6 +2,7 @@
 
 #include "platform/smart_assert.h"
 #include "qt/inc/controls/layouters.h"
+#include "qt/src/controls/accessible_description.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>
@@ -40,6 +41,7 @@ SimpleRadioButtonGroup::SimpleRadioButtonGroup(
         m_ownLayouter = std::make_unique<VBoxLayouter>();
         layouter = m_ownLayouter.get();
     }
+    setAccessibleName(label);
     QWidget* container = this;
     QVBoxLayout* layout = nullptr;
     if (withGroupBox) {
@@ -150,7 +152,7 @@ boost::any MultiEditRadioButtonGroup::getValue() const
 
 void MultiEditRadioButtonGroup::reset()
 {
-    m_dataVaries = false;
+    setVarying(false);
     m_firstRead = true;
     if (!m_values.empty()) {
         setValue(m_values.front().second);
@@ -185,7 +187,7 @@ boost::any MultiEditRadioButtonGroup::getCurrentValue() const
 
 void MultiEditRadioButtonGroup::setValue(const boost::any& value)
 {
-    m_dataVaries = false;
+    setVarying(false);
     for (const auto& entry : m_button2value) {
         entry.first->setAutoExclusive(true);
     }
@@ -196,7 +198,7 @@ void MultiEditRadioButtonGroup::setValue(const boost::any& value)
 
 void MultiEditRadioButtonGroup::forceVaries()
 {
-    m_dataVaries = true;
+    setVarying(true);
     m_firstRead = false;
     for (const auto& entry : m_button2value) {
         QRadioButton* button = entry.first;
@@ -221,13 +223,19 @@ void MultiEditRadioButtonGroup::forceVaries()
 
 void MultiEditRadioButtonGroup::onClicked(bool)
 {
-    m_dataVaries = false;
+    setVarying(false);
     Q_EMIT valueChanged();
 }
 
 void MultiEditRadioButtonGroup::onButtonCreated(QRadioButton* button)
 {
     connect(button, SIGNAL(clicked(bool)), this, SLOT(onClicked(bool)));
+}
+
+void MultiEditRadioButtonGroup::setVarying(bool varies)
+{
+    m_dataVaries = varies;
+    detail::describeVarying(*this, varies);
 }
 
 } // namespace zel::qt

@@ -4,6 +4,7 @@
 #include "qt/inc/controls/varies_string.h"
 #include "qt/inc/detail/popups.h"
 #include "qt/inc/validators/forward_validator.h"
+#include "qt/src/controls/accessible_description.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -114,6 +115,7 @@ void SimpleLineEdit::setValue(const boost::any& value)
     m_edit->setText(validator().reformat(value, {}));
     boost::any dropped;
     m_valueValid = validator().validate(m_edit->text(), dropped, {});
+    detail::describeText(*m_edit, m_valueValid, QString());
 }
 
 boost::any SimpleLineEdit::getValue() const
@@ -284,7 +286,9 @@ void SimpleLineEdit::onTextEdited(const QString& text)
     } else {
         showColor(QColor(230, 20, 20).name());
     }
-    showHint(m_validator->getEditHint(text));
+    const QString hint = m_validator->getEditHint(text);
+    showHint(hint);
+    detail::describeText(*m_edit, m_valueValid, hint);
 }
 
 void SimpleLineEdit::showColor(const QString& color)
