@@ -10,10 +10,12 @@ RowTracker::RowTracker(const QAbstractItemModel& model, const QModelIndexList& c
                                  [this] { m_wasReset = true; }))
     , m_hasParent(!cells.isEmpty() && cells.first().parent().isValid())
 {
+    int last = -1;
     for (const QModelIndex& cell : cells) {
-        if (!m_rows.contains(cell.row())) {
+        if (cell.row() != last && !m_rows.contains(cell.row())) {
             m_rows.insert(cell.row(), cell);
         }
+        last = cell.row();
     }
 }
 
@@ -27,9 +29,11 @@ QModelIndex RowTracker::cell(int row, int column) const
     if (m_wasReset) {
         return m_hasParent ? QModelIndex() : m_model.index(row, column);
     }
-    const QPersistentModelIndex tracked = m_rows.value(row);
-    return tracked.isValid() ? m_model.index(tracked.row(), column, tracked.parent())
-                             : QModelIndex();
+    const auto tracked = m_rows.constFind(row);
+    if (tracked == m_rows.constEnd() || !tracked->isValid()) {
+        return {};
+    }
+    return m_model.index(tracked->row(), column, m_hasParent ? tracked->parent() : QModelIndex());
 }
 
 } // namespace zel::qt::detail

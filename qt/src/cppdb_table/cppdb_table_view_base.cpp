@@ -7,7 +7,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QHash>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -15,6 +14,7 @@
 #include <algorithm>
 #include <climits>
 #include <utility>
+#include <vector>
 
 namespace zel::qt::detail {
 namespace {
@@ -31,11 +31,14 @@ public:
 
     IValidator* at(int column)
     {
-        auto it = m_validators.find(column);
-        if (it == m_validators.end()) {
-            it = m_validators.insert(column, m_fn.empty() ? nullptr : m_fn(column));
+        const auto i = static_cast<std::size_t>(column);
+        if (i >= m_validators.size()) {
+            m_validators.resize(i + 1);
         }
-        return it->get();
+        if (!m_validators[i]) {
+            m_validators[i] = m_fn.empty() ? nullptr : m_fn(column);
+        }
+        return m_validators[i]->get();
     }
 
     boost::optional<boost::any> validate(int column, const QString& text)
@@ -70,12 +73,16 @@ public:
             return {};
         }
         // Copied text is for other programs of this user, hence in the user's locale.
-        return validator->reformat(data.value<boost::any>(), std::bitset<32>(1));
+        const std::bitset<32> flags(1);
+        if (data.userType() == qMetaTypeId<boost::any>()) {
+            return validator->reformat(*static_cast<const boost::any*>(data.constData()), flags);
+        }
+        return validator->reformat(data.value<boost::any>(), flags);
     }
 
 private:
     const ColumnValidatorFn& m_fn;
-    QHash<int, boost::shared_ptr<IValidator>> m_validators;
+    std::vector<boost::optional<boost::shared_ptr<IValidator>>> m_validators; // none: not asked
 };
 
 /// The smallest and largest rows and columns of a selection that is not empty.
