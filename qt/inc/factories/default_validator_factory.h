@@ -6,19 +6,17 @@ namespace zel::qt {
 
 /// The factory of the nine validators that the library builds from hints. A host may add more.
 ///
-/// | Value type              | Kind    | Builds                                | Hints |
-/// |-------------------------|---------|---------------------------------------|-------------------------------------------|
-/// | std::string             | ""      | StringEditValidator, stored as UTF-8  | "max_length" | |
-/// int                     | ""      | IntegerValidator<int>                 | "optional",
-/// "minimum", "maximum"          | | unsigned int            | ""      | IntegerValidator<unsigned
-/// int>        | the same                                  | | unsigned short          | ""      |
-/// IntegerValidator<unsigned short>      | the same                                  | | double |
-/// ""      | DoubleEditValidator                   | "precision" and the same                  | |
-/// std::string             | "color" | "#" and six decimal digits            | none | |
-/// NamedValueList          | ""      | NamedValueListValidator               | "entries" and
-/// "is_equal", both needed     | | bool                    | ""      | NamedValueListValidator of
-/// yes and no | none                                      | | ChainedValidator        | ""      |
-/// ChainedValidator                      | "chained_validators"                      |
+/// | Value type       | Kind    | Builds                     | Hints                            |
+/// |------------------|---------|----------------------------|----------------------------------|
+/// | std::string      | ""      | a text stored as UTF-8     | "max_length"                     |
+/// | int              | ""      | IntegerValidator           | "optional", "minimum", "maximum" |
+/// | unsigned int     | ""      | IntegerValidator           | the same                         |
+/// | unsigned short   | ""      | IntegerValidator           | the same                         |
+/// | double           | ""      | DoubleEditValidator        | "precision" and the same         |
+/// | std::string      | "color" | "#" and six decimal digits | none                             |
+/// | NamedValueList   | ""      | NamedValueListValidator    | "entries", "is_equal", needed    |
+/// | bool             | ""      | names yes and no           | none                             |
+/// | ChainedValidator | ""      | ChainedValidator           | "chained_validators"             |
 ///
 /// The bounds hold the value type itself; "optional" is a bool, "precision" and "max_length" are
 /// int. A hint of another type throws boost::bad_any_cast. "entries" (a NamedValueList) and
