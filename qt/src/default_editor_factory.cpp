@@ -65,10 +65,9 @@ std::unique_ptr<Editor> buildCallback(const HintTree& hints)
     auto widget = std::make_unique<QWidget>();
     // A view must not take the loss of focus to whatever the host's function opens for a commit.
     widget->setProperty("zel_property_delegate_filter_focus_out", true);
-    auto control = std::make_unique<MultiEditValue>(isEqual);
     auto editor = std::make_unique<Editor>();
+    editor->control = new MultiEditValue(isEqual);
     editor->widget = widget.release();
-    editor->control = control.release();
     QTimer::singleShot(0, [editor = editor.get(), callback] {
         boost::any value = editor->control->getCurrentValue();
         editor->widget->deleteLater();
