@@ -303,6 +303,12 @@ void Canvas::tellPlace(const QPoint& pos)
                               formatQuantity(units, lengthSet, place.y() == 0 ? 0.0 : -place.y())));
 }
 
+void Canvas::leaveEvent(QEvent* event)
+{
+    EditorView::leaveEvent(event);
+    Q_EMIT pointedAt(QString());
+}
+
 void Canvas::keyPressEvent(QKeyEvent* event)
 {
     QGraphicsItem* const grabbed = scene()->mouseGrabberItem();

@@ -55,11 +55,12 @@ public:
     const std::vector<MemberItem*>& memberItems() const;
 
 Q_SIGNALS:
-    /// What the mouse points at: a place, or a node under way.
+    /// What the mouse points at: a place, or a node under way; empty when it has left.
     void pointedAt(const QString& text);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void drawForeground(QPainter* painter, const QRectF& rect) override;
 
 private:

@@ -655,6 +655,8 @@ void TestCanvas::pointedAt()
     stage.release(from + QPoint(0, -30));
     stage.moveMouse(QPoint(300, 20));
     QVERIFY(pointed.last().first().toString().startsWith(QStringLiteral("x ")));
+    stage.moveMouse(QPoint(-50, -50));
+    QCOMPARE(pointed.last().first().toString(), QString());
 }
 
 void TestCanvas::unitsOfTheSettings()
