@@ -243,16 +243,13 @@ void Canvas::takeSelection()
         return;
     }
     QVector<int> members;
-    bool onlyNodes = false;
-    for (const QGraphicsItem* item : scene()->selectedItems()) {
+    const QList<QGraphicsItem*> selected = scene()->selectedItems();
+    for (const QGraphicsItem* item : selected) {
         if (const auto* member = dynamic_cast<const MemberItem*>(item)) {
             members << member->index();
-            onlyNodes = false;
-        } else {
-            onlyNodes = members.isEmpty();
         }
     }
-    if (onlyNodes) {
+    if (members.isEmpty() && !selected.isEmpty()) {
         // A node was picked up; the members that are being edited stay the ones selected.
         showSelection();
         return;
