@@ -1,4 +1,6 @@
-// Takes the pictures of the guide: take_pictures FOLDER. Runs off screen; scripts/docs calls it.
+// Takes the pictures of the guide: take_pictures FOLDER [dark]. Runs off screen; scripts/docs calls
+// it. For looking the controls over, "dark" gives a dark palette and Qt's option -reverse mirrors
+// all.
 #include "qt/inc/controls.h"
 #include "qt/inc/delegates.h"
 #include "qt/inc/editor2d.h"
@@ -22,6 +24,7 @@
 #include <boost/make_shared.hpp>
 
 #include <cstdio>
+#include <cstring>
 #include <memory>
 
 using namespace zel::qt;
@@ -211,6 +214,23 @@ bool takeCanvas(const QString& file)
     return take(view, file);
 }
 
+QPalette darkPalette()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, QColor(53, 53, 53));
+    palette.setColor(QPalette::WindowText, Qt::white);
+    palette.setColor(QPalette::Base, QColor(35, 35, 35));
+    palette.setColor(QPalette::AlternateBase, QColor(53, 53, 53));
+    palette.setColor(QPalette::ToolTipBase, QColor(53, 53, 53));
+    palette.setColor(QPalette::ToolTipText, Qt::white);
+    palette.setColor(QPalette::Text, Qt::white);
+    palette.setColor(QPalette::Button, QColor(53, 53, 53));
+    palette.setColor(QPalette::ButtonText, Qt::white);
+    palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
+    palette.setColor(QPalette::HighlightedText, Qt::black);
+    return palette;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -220,8 +240,12 @@ int main(int argc, char** argv)
     QFont font(QStringLiteral("DejaVu Sans"));
     font.setPixelSize(12);
     QApplication::setFont(font);
+    if (argc == 3 && std::strcmp(argv[2], "dark") == 0) {
+        QApplication::setPalette(darkPalette());
+        --argc;
+    }
     if (argc != 2 || !QDir().mkpath(QString::fromLocal8Bit(argv[1]))) {
-        std::fprintf(stderr, "usage: take_pictures FOLDER\n");
+        std::fprintf(stderr, "usage: take_pictures FOLDER [dark]\n");
         return 2;
     }
     const QDir folder(QString::fromLocal8Bit(argv[1]));

@@ -1,8 +1,10 @@
 #include "qt/inc/controls.h"
+#include "qt/inc/factories.h"
 #include "qt/inc/validators.h"
 #include "tests/helpers/checked_test.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLineEdit>
 #include <QLocale>
 #include <QProcess>
@@ -45,6 +47,8 @@ private Q_SLOTS:
     void theTranslatedMarkerIsVetoedAtTheEndOfEditing();
     void theEnglishMarkerIsAnOrdinaryText();
     void theTranslatedMarkerStaysOutOfTheHistory();
+    void yesAndNoAreTranslated();
+    void aBoxShowsTheTranslatedMarker();
     void aTranslatorInstalledLaterTakesOver();
 };
 
@@ -142,6 +146,42 @@ void TranslationsTest::theTranslatedMarkerStaysOutOfTheHistory()
     field->setValue(QStringLiteral("*VARIES*"));
     field->addCurrentValueToValueHistory();
     QCOMPARE(history->get(values), std::size_t(1));
+}
+
+void TranslationsTest::yesAndNoAreTranslated()
+{
+    const DefaultEditorFactory editors(nullptr);
+    const std::unique_ptr<Editor> editor = editors.create("yes_no", HintTree());
+    const std::unique_ptr<QWidget> widget(editor->widget);
+    auto* box = qobject_cast<MultiEditEnumBox*>(widget.get());
+    QVERIFY(box != nullptr);
+    QCOMPARE(box->getNameForValue(true), QStringLiteral("Ja"));
+    QCOMPARE(box->getNameForValue(false), QStringLiteral("Nein"));
+    box->selectByName(QStringLiteral("Nein"));
+    QCOMPARE(boost::any_cast<bool>(editor->control->getCurrentValue()), false);
+
+    const DefaultValidatorFactory validators;
+    const std::unique_ptr<IValidator> validator =
+        validators.create({typeid(bool), std::string()}, HintTree());
+    boost::any value;
+    QVERIFY(validator->validate(QStringLiteral("Ja"), value, {}));
+    QCOMPARE(boost::any_cast<bool>(value), true);
+    QVERIFY(!validator->validate(QStringLiteral("Yes"), value, {}));
+    QCOMPARE(validator->reformat(false, {}), QStringLiteral("Nein"));
+}
+
+void TranslationsTest::aBoxShowsTheTranslatedMarker()
+{
+    QWidget window;
+    auto* box =
+        MultiEditEnumBox::create(&window, QString(), [](const boost::any& a, const boost::any& b) {
+            return boost::any_cast<int>(a) == boost::any_cast<int>(b);
+        });
+    box->setValues({{QStringLiteral("S235"), 1}, {QStringLiteral("S355"), 2}});
+    box->readValue(1);
+    box->readValue(2);
+    QCOMPARE(box->findChild<QComboBox*>()->currentText(), QStringLiteral("*VARIIERT*"));
+    QVERIFY(box->getCurrentValue().empty());
 }
 
 void TranslationsTest::aTranslatorInstalledLaterTakesOver()
