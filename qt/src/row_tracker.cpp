@@ -6,10 +6,10 @@ namespace zel::qt::detail {
 
 RowTracker::RowTracker(const QAbstractItemModel& model, const QModelIndexList& cells)
     : m_model(model)
-    , m_onReset(QObject::connect(&m_model, &QAbstractItemModel::modelReset,
-                                 [this] { m_wasReset = true; }))
     , m_hasParent(!cells.isEmpty() && cells.first().parent().isValid())
 {
+    QObject::connect(&model, &QAbstractItemModel::modelReset, &m_context,
+                     [this] { m_wasReset = true; });
     int last = -1;
     for (const QModelIndex& cell : cells) {
         if (cell.row() != last && !m_rows.contains(cell.row())) {
@@ -17,11 +17,6 @@ RowTracker::RowTracker(const QAbstractItemModel& model, const QModelIndexList& c
         }
         last = cell.row();
     }
-}
-
-RowTracker::~RowTracker()
-{
-    QObject::disconnect(m_onReset);
 }
 
 QModelIndex RowTracker::cell(int row, int column) const

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QHash>
-#include <QMetaObject>
+#include <QObject>
 #include <QPersistentModelIndex>
 
 namespace zel::qt::detail {
@@ -14,7 +14,6 @@ class RowTracker
 public:
     /// Remembers the rows of these cells, which all have the same parent.
     RowTracker(const QAbstractItemModel& model, const QModelIndexList& cells);
-    ~RowTracker();
     RowTracker(const RowTracker&) = delete;
     RowTracker& operator=(const RowTracker&) = delete;
 
@@ -24,7 +23,7 @@ public:
 private:
     const QAbstractItemModel& m_model;
     QHash<int, QPersistentModelIndex> m_rows;
-    QMetaObject::Connection m_onReset;
+    QObject m_context; // of the connection to the model
     bool m_hasParent;
     bool m_wasReset = false;
 };

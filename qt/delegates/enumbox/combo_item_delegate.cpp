@@ -40,11 +40,7 @@ SimpleEnumBox* boxAround(QObject* object)
 void markMouseChoice(SimpleEnumBox* box)
 {
     box->setProperty(mouseChoiceProperty, true);
-    QTimer::singleShot(0, [guarded = QPointer<SimpleEnumBox>(box)] {
-        if (guarded) {
-            guarded->setProperty(mouseChoiceProperty, QVariant());
-        }
-    });
+    QTimer::singleShot(0, box, [box] { box->setProperty(mouseChoiceProperty, QVariant()); });
 }
 
 bool isEscape(const QEvent* event)
@@ -99,15 +95,13 @@ bool ComboItemDelegate::eventFilter(QObject* object, QEvent* event)
 void ComboItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const
 {
-    const QStyleOptionViewItem copy(option);
-    QItemDelegate::paint(painter, copy, index);
+    QItemDelegate::paint(painter, option, index);
 }
 
 QSize ComboItemDelegate::sizeHint(const QStyleOptionViewItem& option,
                                   const QModelIndex& index) const
 {
-    const QStyleOptionViewItem copy(option);
-    return QItemDelegate::sizeHint(copy, index);
+    return QItemDelegate::sizeHint(option, index);
 }
 
 QWidget* ComboItemDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,

@@ -55,7 +55,8 @@ public:
     {
         std::deque<boost::optional<boost::any>> values;
         int column = left;
-        for (const QStringRef& cell : clipboardCells(row)) {
+        const QVector<QStringRef> cells = clipboardCells(row);
+        for (const QStringRef& cell : cells) {
             values.push_back(validate(column, cell.toString()));
             ++column;
         }
