@@ -1,6 +1,7 @@
 #include "qt/inc/detail/popups.h"
 
 #include "qt/inc/value_history.h"
+#include "qt/src/controls/fixed_colors.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -114,6 +115,7 @@ EditHintPopup::EditHintPopup(QWidget* owner)
     , m_label(new QLabel(this))
 {
     addToPopup(*this, m_label);
+    writeInBlack(*m_label);
 }
 
 EditHintPopup::~EditHintPopup() = default;
@@ -136,6 +138,7 @@ HistoryPopup::HistoryPopup(QWidget* owner)
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     // A click must not take the focus from the edit, see keepActivationAway().
     m_list->setFocusPolicy(Qt::NoFocus);
+    writeInBlack(*m_list);
     m_list->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     addToPopup(*this, m_list);

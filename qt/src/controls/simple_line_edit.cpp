@@ -5,6 +5,7 @@
 #include "qt/inc/detail/popups.h"
 #include "qt/inc/validators/forward_validator.h"
 #include "qt/src/controls/accessible_description.h"
+#include "qt/src/controls/fixed_colors.h"
 
 #include <QApplication>
 #include <QFocusEvent>
@@ -83,6 +84,11 @@ SimpleLineEdit::SimpleLineEdit(QWidget* parent, const QString& label,
         m_button->setFixedSize(buttonSide, buttonSide);
         connect(m_button, SIGNAL(clicked()), this, SLOT(onClickedButton()));
         m_layout->addWidget(m_button);
+    }
+    if (borderless) {
+        for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            detail::writeInBlack(*part);
+        }
     }
 }
 
@@ -298,6 +304,7 @@ void SimpleLineEdit::showColor(const QString& color)
     const QString sheet = QStringLiteral("QLineEdit { color: %1; }").arg(color);
     // Setting a sheet polishes the edit and its children anew, which is too dear for a keystroke.
     if (m_edit->styleSheet() != sheet) {
+        detail::writeOnWhite(*m_edit);
         m_edit->setStyleSheet(sheet);
     }
 }

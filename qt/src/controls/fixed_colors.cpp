@@ -1,0 +1,38 @@
+#include "qt/src/controls/fixed_colors.h"
+
+#include <QPalette>
+#include <QWidget>
+
+namespace zel::qt::detail {
+namespace {
+
+bool isDark(const QColor& color)
+{
+    return color.lightness() < 128;
+}
+
+} // namespace
+
+void writeInBlack(QWidget& widget)
+{
+    if (isDark(widget.palette().color(QPalette::Text))) {
+        return; // as the palette of the user has it
+    }
+    QPalette palette = widget.palette();
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+        palette.setColor(role, Qt::black);
+    }
+    widget.setPalette(palette);
+}
+
+void writeOnWhite(QWidget& edit)
+{
+    if (!isDark(edit.palette().color(QPalette::Base))) {
+        return;
+    }
+    QPalette palette = edit.palette();
+    palette.setColor(QPalette::Base, Qt::white);
+    edit.setPalette(palette);
+}
+
+} // namespace zel::qt::detail
