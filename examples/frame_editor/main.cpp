@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QStandardPaths>
 
 #include <cstdio>
 
@@ -46,6 +47,8 @@ int runWindow(const CommandLine& line, Document& document, UnitSettings& units, 
               const QString& formError)
 {
     units.setColumn(line.column);
+    window.restoreView(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
+                       QStringLiteral("/view.ini"));
     window.show();
     if (!line.formFile.isEmpty()) {
         window.openForm(line.formFile);

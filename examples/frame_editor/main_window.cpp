@@ -7,7 +7,9 @@
 #include "examples/frame_editor/member_list.h"
 #include "examples/frame_editor/model_file.h"
 #include "examples/frame_editor/property_panel.h"
+#include "examples/frame_editor/results_view.h"
 #include "examples/frame_editor/unit_settings.h"
+#include "examples/frame_editor/view_settings.h"
 
 #include <QAction>
 #include <QApplication>
@@ -60,6 +62,13 @@ PropertyPanel& MainWindow::panel() const
 Canvas& MainWindow::canvas() const
 {
     return *m_canvas;
+}
+
+void MainWindow::restoreView(const QString& settingsFile)
+{
+    m_results->setState(loadFlags(settingsFile));
+    connect(m_results, &ResultsView::stateChanged, this,
+            [this, settingsFile] { saveFlags(m_results->state(), settingsFile); });
 }
 
 void MainWindow::createFileActions(QToolBar& bar)
@@ -154,7 +163,9 @@ void MainWindow::createViews(const Form& form)
         addDock(Qt::LeftDockWidgetArea, tr("Members"), new MemberList(m_document, this));
     m_panel = new PropertyPanel(m_document, m_units, form, this);
     QDockWidget* properties = addDock(Qt::RightDockWidgetArea, tr("Properties"), m_panel);
-    resizeDocks({members, properties}, {260, 560}, Qt::Horizontal);
+    m_results = new ResultsView(m_document, m_units, this);
+    addDock(Qt::LeftDockWidgetArea, tr("Results"), m_results);
+    resizeDocks({members, properties}, {270, 470}, Qt::Horizontal);
     connect(m_panel, &PropertyPanel::told, this, &MainWindow::showStatus);
     createCanvas();
 }

@@ -13,6 +13,7 @@ class Canvas;
 class Document;
 class MemberList;
 class PropertyPanel;
+class ResultsView;
 class UnitSettings;
 struct Form;
 
@@ -28,6 +29,10 @@ public:
 
     PropertyPanel& panel() const;
     Canvas& canvas() const;
+
+    /// Shows the view as the user left it, and keeps his changes of it in that file. Without this
+    /// call the view is that of a first start.
+    void restoreView(const QString& settingsFile);
 
     /// Opens a model file in place of the present one. A file that cannot be read is told of in a
     /// message box, and the open model stays.
@@ -69,6 +74,7 @@ private:
     Document& m_document;
     UnitSettings& m_units;
     PropertyPanel* m_panel = nullptr;
+    ResultsView* m_results = nullptr;
     Canvas* m_canvas = nullptr;
 };
 
