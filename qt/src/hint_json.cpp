@@ -96,6 +96,17 @@ QString describe(const QJsonValue& value)
         QStringLiteral("unknown key; expected one of %1").arg(known.join(QStringLiteral(", "))));
 }
 
+/// Refuses the keys of an object that are not among the known.
+void allowKeys(const Node& object, const QStringList& known)
+{
+    const QStringList keys = object.value.toObject().keys();
+    for (const QString& key : keys) {
+        if (!known.contains(key)) {
+            refuseKey(object, key, known);
+        }
+    }
+}
+
 QString text(const Node& node)
 {
     if (!node.value.isString()) {
@@ -279,11 +290,7 @@ boost::any readValues(const Node& node, const HintRegistry& registry)
     if (!node.value.isObject()) {
         return named(node, registry, &HintRegistry::findValues, "a list of values");
     }
-    for (const QString& key : node.value.toObject().keys()) {
-        if (key != QLatin1String("type") && key != QLatin1String("entries")) {
-            refuseKey(node, key, {QStringLiteral("type"), QStringLiteral("entries")});
-        }
-    }
+    allowKeys(node, {QStringLiteral("type"), QStringLiteral("entries")});
     const Reader valueOf = valueReader(member(node, QStringLiteral("type")));
     return readPairs(member(node, QStringLiteral("entries")), registry, valueOf);
 }
@@ -293,11 +300,7 @@ ValidatorKey validatorKey(const Node& node, const HintRegistry& registry)
     if (!node.value.isObject()) {
         refuse(node, QStringLiteral("an object such as {\"type\": \"double\", \"kind\": \"\"}"));
     }
-    for (const QString& key : node.value.toObject().keys()) {
-        if (key != QLatin1String("type") && key != QLatin1String("kind")) {
-            refuseKey(node, key, {QStringLiteral("type"), QStringLiteral("kind")});
-        }
-    }
+    allowKeys(node, {QStringLiteral("type"), QStringLiteral("kind")});
     const auto& type =
         named(member(node, QStringLiteral("type")), registry, &HintRegistry::findType, "a type");
     const Node kind = member(node, QStringLiteral("kind"));
@@ -461,7 +464,8 @@ HintTree hintsFromJson(const QJsonObject& description, const HintRegistry& regis
     const ReaderTable& readers = editorReaders();
     const Node root = {description, QStringLiteral("$")};
     HintTree hints;
-    for (const QString& key : description.keys()) {
+    const QStringList keys = description.keys();
+    for (const QString& key : keys) {
         const auto reader = readers.find(key);
         if (reader != readers.end()) {
             append(hints, key, reader->second(member(root, key), registry));

@@ -119,7 +119,7 @@ bool DistanceEditValidator::validate(const QString& text, boost::any& value,
     // Without a suffix the text counts as zero, deliberately, though it is no number.
     if (end >= 0) {
         // The decimal separator of a number with a suffix is the point in every locale.
-        const double number = trimmed.left(end).toDouble(&ok);
+        const double number = trimmed.leftRef(end).toDouble(&ok);
         if (!ok) {
             return false;
         }
