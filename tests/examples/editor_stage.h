@@ -1,10 +1,10 @@
 #pragma once
 
 #include "examples/frame_editor/document.h"
+#include "examples/frame_editor/form.h"
 #include "examples/frame_editor/main_window.h"
 #include "examples/frame_editor/member_selection.h"
 #include "examples/frame_editor/property_panel.h"
-#include "examples/frame_editor/form.h"
 #include "examples/frame_editor/unit_settings.h"
 #include "tests/helpers/active_window.h"
 
