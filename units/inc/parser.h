@@ -30,7 +30,7 @@ public:
 ///
 /// Blanks may stand before the number, between number and unit and behind a number without a unit,
 /// but not behind a unit. Numbers are read as a stream of the locale reads them: a separator of
-/// another locale ends the number. Labels are compared case by case; of several units with one
+/// another locale ends the number. The case of a label counts; of several units with one
 /// label, the first of the provider is meant.
 ///
 /// A parser lives for one call; it owns none of what it points to and keeps no state.

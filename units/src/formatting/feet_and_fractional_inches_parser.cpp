@@ -24,17 +24,16 @@ struct FeetAndInches
     std::wstring_view inches;
 };
 
-/// Splits "FEET mark INCHES endMark", with blanks around it. The feet end at the last mark that
-/// leaves room for the end mark; neither part goes over a line end.
+/// Splits "FEET mark INCHES endMark", which has no blanks around it. The feet end at the last mark
+/// that leaves room for the end mark; neither part goes over a line end.
 boost::optional<FeetAndInches> split(std::wstring_view text, std::wstring_view mark,
                                      std::wstring_view endMark)
 {
-    const std::wstring_view trimmed = detail::trimBlanks(text);
-    if (trimmed.size() < mark.size() + endMark.size() ||
-        trimmed.substr(trimmed.size() - endMark.size()) != endMark) {
+    if (text.size() < mark.size() + endMark.size() ||
+        text.substr(text.size() - endMark.size()) != endMark) {
         return boost::none;
     }
-    const std::wstring_view parts = trimmed.substr(0, trimmed.size() - endMark.size());
+    const std::wstring_view parts = text.substr(0, text.size() - endMark.size());
     const std::size_t at = parts.rfind(mark);
     if (at == std::wstring_view::npos ||
         std::any_of(parts.begin(), parts.end(), detail::isLineTerminator)) {
@@ -57,9 +56,10 @@ FeetAndFractionalInchesParser::FeetAndFractionalInchesParser(const IUnitProvider
 boost::optional<quantity> FeetAndFractionalInchesParser::parse(const std::wstring& text,
                                                                const std::locale& locale) const
 {
-    boost::optional<FeetAndInches> parts = split(text, L"'", L"''");
+    const std::wstring_view trimmed = detail::trimBlanks(text);
+    boost::optional<FeetAndInches> parts = split(trimmed, L"'", L"''");
     if (!parts) {
-        parts = split(text, L"ft", L"in");
+        parts = split(trimmed, L"ft", L"in");
     }
     if (!parts) {
         return boost::none;

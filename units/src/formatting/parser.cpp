@@ -1,6 +1,7 @@
 #include "units/inc/parser.h"
 
 #include "units/inc/number_text.h"
+#include "units/src/formatting/characters.h"
 #include "units/src/formatting/label_table.h"
 #include "units/src/formatting/number_reader.h"
 #include "units/src/formatting/number_writer.h"
@@ -8,7 +9,9 @@
 #include "units/src/formatting/shown_label.h"
 #include "units/src/formatting/utf8.h"
 
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <typeinfo>
 
 namespace zel::units::v1 {
@@ -19,11 +22,17 @@ using quantity = IConverter::quantity;
 boost::optional<quantity> parseWithLabels(std::wstring_view text, const detail::LabelTable& labels,
                                           const std::locale& locale)
 {
+    // Blanks may stand behind a number, but not behind a unit.
+    const std::wstring_view trimmed = detail::trimBlanks(text);
+    const bool mayHaveUnit = trimmed.end() == text.end();
     for (const detail::NumberForms& kind : detail::numberForms) {
-        for (const detail::NumberForm form : kind.forms) {
-            const auto number = form != nullptr ? form(text) : boost::none;
+        std::array<boost::optional<detail::ScannedNumber>, 3> numbers;
+        for (std::size_t i = 0; i < numbers.size() && kind.forms[i] != nullptr; ++i) {
+            numbers[i] = kind.forms[i](trimmed);
             const auto parts =
-                number ? detail::splitNumberAndUnit(text, *number, kind.exponential) : boost::none;
+                numbers[i] && mayHaveUnit
+                    ? detail::splitNumberAndUnit(trimmed, *numbers[i], kind.exponential)
+                    : boost::none;
             const boost::optional<UnitId> unit = parts ? labels.find(parts->unit) : boost::none;
             const boost::optional<double> value =
                 unit ? detail::readNumberOrFraction(parts->number, locale) : boost::none;
@@ -31,13 +40,11 @@ boost::optional<quantity> parseWithLabels(std::wstring_view text, const detail::
                 return quantity{*unit, *value};
             }
         }
-        for (const detail::NumberForm form : kind.forms) {
-            const auto number = form != nullptr ? form(text) : boost::none;
-            if (!number || !detail::standsAlone(text, *number)) {
+        for (const auto& number : numbers) {
+            if (!number || number->end != trimmed.size()) {
                 continue;
             }
-            const std::wstring_view read =
-                text.substr(number->begin, number->readEnd - number->begin);
+            const std::wstring_view read = trimmed.substr(0, number->readEnd);
             if (const boost::optional<double> value = detail::readNumberOrFraction(read, locale)) {
                 return quantity{UnitId(1), *value};
             }

@@ -17,32 +17,24 @@ bool isPointOrComma(std::wstring_view text, std::size_t i)
     return isAt(text, i, L'.') || isAt(text, i, L',');
 }
 
-/// The positions behind the leading blanks and behind a minus that may follow them.
-struct Start
+/// The position behind a minus that may stand first.
+std::size_t skipMinus(std::wstring_view text)
 {
-    explicit Start(std::wstring_view text)
-        : begin(skipBlanks(text, 0))
-        , digits(begin + (isAt(text, begin, L'-') ? 1 : 0))
-    {}
-
-    std::size_t begin;
-    std::size_t digits;
-};
+    return isAt(text, 0, L'-') ? 1 : 0;
+}
 
 /// A number that ends with the digits at `i`, or no value if there are none.
-boost::optional<ScannedNumber> endingWithDigits(std::wstring_view text, std::size_t begin,
-                                                std::size_t i)
+boost::optional<ScannedNumber> endingWithDigits(std::wstring_view text, std::size_t i)
 {
     const std::size_t end = skipDigits(text, i);
     if (end == i) {
         return boost::none;
     }
-    return ScannedNumber{begin, end, end, end - i > 1};
+    return ScannedNumber{end, end, end - i > 1};
 }
 
 /// The end of the number with the exponent at `i`, or no value if none stands there.
-boost::optional<ScannedNumber> withExponent(std::wstring_view text, std::size_t begin,
-                                            std::size_t i)
+boost::optional<ScannedNumber> withExponent(std::wstring_view text, std::size_t i)
 {
     if (!isAt(text, i, L'e') && !isAt(text, i, L'E')) {
         return boost::none;
@@ -51,15 +43,15 @@ boost::optional<ScannedNumber> withExponent(std::wstring_view text, std::size_t 
     if (isAt(text, i, L'+') || isAt(text, i, L'-')) {
         ++i;
     }
-    return endingWithDigits(text, begin, i);
+    return endingWithDigits(text, i);
 }
 
 /// "-1.5e-3"
 boost::optional<ScannedNumber> exponential(std::wstring_view text)
 {
-    const Start start(text);
-    std::size_t i = skipDigits(text, start.digits);
-    if (i == start.digits) {
+    const std::size_t digits = skipMinus(text);
+    std::size_t i = skipDigits(text, digits);
+    if (i == digits) {
         return boost::none;
     }
     if (isPointOrComma(text, i)) {
@@ -69,22 +61,22 @@ boost::optional<ScannedNumber> exponential(std::wstring_view text)
             return boost::none;
         }
     }
-    return withExponent(text, start.begin, i);
+    return withExponent(text, i);
 }
 
 /// "-.5e-3"
 boost::optional<ScannedNumber> pointExponential(std::wstring_view text)
 {
-    const Start start(text);
-    if (!isPointOrComma(text, start.digits)) {
+    const std::size_t digits = skipMinus(text);
+    if (!isPointOrComma(text, digits)) {
         return boost::none;
     }
-    const std::size_t fraction = start.digits + 1;
+    const std::size_t fraction = digits + 1;
     const std::size_t fractionEnd = skipDigits(text, fraction);
     if (fractionEnd == fraction) {
         return boost::none;
     }
-    boost::optional<ScannedNumber> number = withExponent(text, start.begin, fractionEnd);
+    boost::optional<ScannedNumber> number = withExponent(text, fractionEnd);
     if (number) {
         number->readEnd = fractionEnd;
     }
@@ -94,48 +86,45 @@ boost::optional<ScannedNumber> pointExponential(std::wstring_view text)
 /// "-2.5", and any other run of digits, points and commas
 boost::optional<ScannedNumber> run(std::wstring_view text)
 {
-    const Start start(text);
-    std::size_t end = start.digits;
+    const std::size_t digits = skipMinus(text);
+    std::size_t end = digits;
     while (end < text.size() && (isDigit(text[end]) || isPointOrComma(text, end))) {
         ++end;
     }
-    if (end == start.digits) {
+    if (end == digits) {
         return boost::none;
     }
-    return ScannedNumber{start.begin, end, end, end - start.digits > 1};
+    return ScannedNumber{end, end, end - digits > 1};
 }
 
 /// "-3/4"
 boost::optional<ScannedNumber> fraction(std::wstring_view text)
 {
-    const Start start(text);
-    const std::size_t slash = skipDigits(text, start.digits);
+    const std::size_t digits = skipMinus(text);
+    const std::size_t slash = skipDigits(text, digits);
     if (!isAt(text, slash, L'/')) {
         return boost::none;
     }
-    return endingWithDigits(text, start.begin, slash + 1);
+    return endingWithDigits(text, slash + 1);
 }
 
-/// "-1 3/4"
+/// "-1 3/4"; without blanks it is a fraction, which has been tried before
 boost::optional<ScannedNumber> mixedFraction(std::wstring_view text)
 {
-    const Start start(text);
-    const std::size_t wholeEnd = skipDigits(text, start.digits);
+    const std::size_t digits = skipMinus(text);
+    const std::size_t wholeEnd = skipDigits(text, digits);
     const std::size_t slash = skipDigits(text, skipBlanks(text, wholeEnd));
-    if (wholeEnd == start.digits || !isAt(text, slash, L'/')) {
+    if (wholeEnd == digits || slash == wholeEnd || !isAt(text, slash, L'/')) {
         return boost::none;
     }
-    return endingWithDigits(text, start.begin, slash + 1);
-}
-
-bool isLabelCharacter(wchar_t c)
-{
-    return c != L'.' && c != L',' && c != L'/' && !isBlank(c);
+    return endingWithDigits(text, slash + 1);
 }
 
 std::size_t skipLabel(std::wstring_view text, std::size_t i)
 {
-    while (i < text.size() && isLabelCharacter(text[i])) {
+    Blanks blanks;
+    while (i < text.size() && text[i] != L'/' && !isPointOrComma(text, i) &&
+           !blanks.contains(text[i])) {
         ++i;
     }
     return i;
@@ -195,19 +184,14 @@ boost::optional<NumberAndUnit> splitNumberAndUnit(std::wstring_view text,
 {
     const std::wstring_view unit = text.substr(skipBlanks(text, number.end));
     if (isUnit(unit, exponential)) {
-        return NumberAndUnit{text.substr(number.begin, number.readEnd - number.begin), unit};
+        return NumberAndUnit{text.substr(0, number.readEnd), unit};
     }
     const std::size_t last = number.end - 1;
     if (number.spareDigit && isReciprocal(text.substr(last))) {
         const std::size_t readEnd = std::min(number.readEnd, last);
-        return NumberAndUnit{text.substr(number.begin, readEnd - number.begin), text.substr(last)};
+        return NumberAndUnit{text.substr(0, readEnd), text.substr(last)};
     }
     return boost::none;
-}
-
-bool standsAlone(std::wstring_view text, const ScannedNumber& number)
-{
-    return skipBlanks(text, number.end) == text.size();
 }
 
 } // namespace zel::units::v1::detail

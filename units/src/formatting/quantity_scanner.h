@@ -29,13 +29,12 @@ namespace zel::units::v1::detail {
 /// A number at the start of a text, as positions.
 struct ScannedNumber
 {
-    std::size_t begin;   ///< behind the leading blanks
     std::size_t readEnd; ///< the end of what is read as the number
     std::size_t end;     ///< the end of all of it
     bool spareDigit;     ///< whether it is a number without its last digit as well
 };
 
-/// Finds one form of a number at the start of a text.
+/// Finds one form of a number at the start of a text that has no blanks at its ends.
 using NumberForm = boost::optional<ScannedNumber> (*)(std::wstring_view text);
 
 /// The forms of one kind, in the order in which they are to be tried.
@@ -60,8 +59,5 @@ struct NumberAndUnit
 /// the last digit of the number is its "1" then.
 boost::optional<NumberAndUnit> splitNumberAndUnit(std::wstring_view text,
                                                   const ScannedNumber& number, bool exponential);
-
-/// Whether nothing but blanks stands behind the number.
-bool standsAlone(std::wstring_view text, const ScannedNumber& number);
 
 } // namespace zel::units::v1::detail
