@@ -1,14 +1,76 @@
 #include "tests/helpers/checked_test.h"
 #include "tests/helpers/data_file.h"
+#include "tests/helpers/sanitized.h"
 #include "tests/helpers/scoped_global_locale.h"
 #include "units/inc/units.h"
 
 #include <cmath>
 #include <limits>
+#include <random>
+#include <sstream>
 
 using namespace zel::units::v1;
 using zel::test::CommaNumbers;
 using zel::test::numberText;
+
+namespace {
+
+#ifdef ZEL_TEST_SANITIZED
+constexpr int numberCount = 10'000;
+#else
+constexpr int numberCount = 200'000;
+#endif
+
+/// Makes texts of numbers of any length, many of them just between two doubles.
+class NumberTextGenerator
+{
+public:
+    explicit NumberTextGenerator(unsigned seed)
+        : m_random(seed)
+    {}
+
+    std::wstring next()
+    {
+        std::wstring text = below(3) == 0 ? between() : digits();
+        if (below(2) == 0) {
+            text += below(2) == 0 ? L'e' : L'E';
+            text += below(3) == 0 ? L"-" : below(2) == 0 ? L"+" : L"";
+            text += std::to_wstring(below(below(4) == 0 ? 400 : 30));
+        }
+        return (below(3) == 0 ? L"-" : L"") + text;
+    }
+
+private:
+    int below(int limit)
+    {
+        return static_cast<int>(m_random() % static_cast<unsigned>(limit));
+    }
+
+    std::wstring digits()
+    {
+        std::wstring text;
+        const int count = below(4) == 0 ? 100 + below(60) : below(25);
+        const wchar_t mostly = below(2) == 0 ? L'0' : L'9';
+        for (int i = 0; i < count; ++i) {
+            text += below(3) == 0 ? mostly : static_cast<wchar_t>(L'0' + below(10));
+        }
+        return text.insert(static_cast<std::size_t>(below(count + 1)), below(5) == 0 ? L"" : L".");
+    }
+
+    /// A whole number halfway between two doubles, or a little beside it. Behind the point it is
+    /// as long as the reader's own buffer and longer.
+    std::wstring between()
+    {
+        const auto lower = (std::uint64_t(1) << 53) + 2 * (m_random() >> 12);
+        std::wstring text = std::to_wstring(lower + 1) + L'.';
+        text.append(static_cast<std::size_t>(90 + below(40)), L'0');
+        return below(2) == 0 ? text + L'1' : text;
+    }
+
+    std::mt19937_64 m_random;
+};
+
+} // namespace
 
 class NumberTextTest : public zel::test::CheckedTest
 {
@@ -18,6 +80,8 @@ private Q_SLOTS:
     void parsesNumbers();
     void parsesNumbersOfAnotherLocale_data();
     void parsesNumbersOfAnotherLocale();
+    void numbersAreReadAsByAStream_data();
+    void numbersAreReadAsByAStream();
     void negativeZeroKeepsItsSign();
     void formatsFractions_data();
     void formatsFractions();
@@ -121,6 +185,34 @@ void NumberTextTest::parsesNumbersOfAnotherLocale()
     const auto parsed = parseNumber(text.toStdWString(), CommaNumbers::locale());
     QVERIFY(parsed.has_value());
     QCOMPARE(*parsed, number);
+}
+
+void NumberTextTest::numbersAreReadAsByAStream_data()
+{
+    QTest::addColumn<bool>("classic");
+    QTest::addColumn<int>("count");
+    QTest::newRow("classic locale") << true << numberCount;
+    QTest::newRow("locale with comma and thousands") << false << numberCount / 10;
+}
+
+void NumberTextTest::numbersAreReadAsByAStream()
+{
+    QFETCH(bool, classic);
+    QFETCH(int, count);
+    const std::locale locale = classic ? std::locale::classic() : CommaNumbers::locale();
+    NumberTextGenerator texts(std::random_device{}());
+    for (int i = 0; i < count; ++i) {
+        const std::wstring text = texts.next();
+        std::wistringstream stream(text);
+        stream.imbue(locale);
+        double expected = 0.0;
+        stream >> expected;
+        const auto actual = parseNumber(text, locale);
+        QVERIFY2(actual && numberText(*actual) == numberText(expected),
+                 qPrintable(QStringLiteral("%1 is read as %2, not %3")
+                                .arg(QString::fromStdWString(text),
+                                     numberText(actual.value_or(-4711.0)), numberText(expected))));
+    }
 }
 
 void NumberTextTest::negativeZeroKeepsItsSign()

@@ -80,6 +80,8 @@ private Q_SLOTS:
     void everyLabelMeansTheFirstUnitThatHasIt();
     void labelsOfAHostAreNeverStale();
     void labelsOfAHostKeepTheirOrder();
+    void labelsOfAHostAreUtf8_data();
+    void labelsOfAHostAreUtf8();
     void derivedProvidersAreAsked();
     void exceptionsOfAProviderPass();
     void formats_data();
@@ -180,6 +182,42 @@ void ParserTest::labelsOfAHostKeepTheirOrder()
     QCOMPARE(meant(L"1 O/O"), QStringLiteral("1 of 8"));
     QCOMPARE(meant(L"1 y"), QStringLiteral("1 of 3"));
     QCOMPARE(meant(L"1 z"), QStringLiteral("none"));
+}
+
+void ParserTest::labelsOfAHostAreUtf8_data()
+{
+    QTest::addColumn<QByteArray>("label");
+    QTest::addColumn<QString>("typed");
+    const auto row = [](const char* tag, const char* label, const QString& typed) {
+        QTest::newRow(tag) << QByteArray(label) << typed;
+    };
+    const QString one(QChar::ReplacementCharacter);
+    row("two bytes", "\xce\xa9", QString(QChar(0x3a9)));
+    row("three bytes", "\xe2\x84\x83", QString(QChar(0x2103)));
+    row("four bytes", "k\xf0\x9d\x9b\xbcm", QString::fromUcs4(U"k\U0001d6fcm", 3));
+    // What is no UTF-8 becomes one replacement character for each byte that starts nothing valid.
+    row("Latin-1", "\xb0m", one + "m");
+    row("cut off", "m\xe2\x84", "m" + one + one);
+    row("cut off before a letter", "\xc3m", one + "m");
+    row("too long for its number", "\xc1\xad", one + one);
+    row("three bytes for two", "\xe0\x82\xb0", one + one + one);
+    row("half of a pair", "\xed\xa0\xb5", one + one + one);
+    row("beyond the last character", "\xf4\x90\x80\x80", one + one + one + one);
+    row("no first byte", "\xf8m\xff", one + "m" + one);
+}
+
+void ParserTest::labelsOfAHostAreUtf8()
+{
+    QFETCH(QByteArray, label);
+    QFETCH(QString, typed);
+    HostUnits units;
+    units.ids = {UnitId(7)};
+    units.units[7] = {label.toStdString(), {}};
+    const Parser parser(&units, &m_context.format_provider(), &m_context.converter());
+    QCOMPARE(quantityText(parser.parse((QStringLiteral("2 ") + typed).toStdWString(), m_locale)),
+             QStringLiteral("2 of 7"));
+    QCOMPARE(QString::fromStdWString(parser.format({UnitId(7), 2.0}, m_locale)),
+             QStringLiteral("2.000 ") + typed);
 }
 
 /// The library's units with one label that it does not have.
