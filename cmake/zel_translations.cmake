@@ -4,7 +4,7 @@
 # zel_add_translations(TARGET zel_qt FOLDER qt/translations NAME zel_qt2_dll LANGUAGES de fr)
 #
 # The ts files are FOLDER/NAME_LANGUAGE.ts. The target zel_update_translations brings all of them up
-# to date with the tr() texts of SOURCES (folders and files).
+# to date with the tr() texts of SOURCES (folders and files, from the root of the project).
 
 find_package(Qt5 ${zel_qt5_version} REQUIRED COMPONENTS LinguistTools)
 add_custom_target(zel_update_translations)
@@ -12,6 +12,7 @@ add_custom_target(zel_update_translations)
 function(zel_add_translations)
     cmake_parse_arguments(arg "" "TARGET;FOLDER;NAME" "LANGUAGES;SOURCES" ${ARGN})
     set(ts_files "")
+    set(qm_files "")
     set(entries "")
     set(build_dir ${CMAKE_CURRENT_BINARY_DIR}/translations)
     file(MAKE_DIRECTORY ${build_dir})
@@ -39,7 +40,7 @@ function(zel_add_translations)
 
     add_custom_target(${arg_TARGET}_update_translations
         COMMAND Qt5::lupdate -silent -no-obsolete -locations none -I . ${arg_SOURCES} -ts ${ts_files}
-        WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR} VERBATIM)
+        WORKING_DIRECTORY ${PROJECT_SOURCE_DIR} VERBATIM)
     add_dependencies(zel_update_translations ${arg_TARGET}_update_translations)
     set_target_properties(${arg_TARGET} PROPERTIES
         ZEL_TS_FILES "${ts_files}" ZEL_QM_FILES "${qm_files}")

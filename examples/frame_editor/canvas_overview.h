@@ -10,6 +10,7 @@ class Canvas;
 /// both look at the same place, each in its own scale. A click goes there.
 class CanvasOverview : public zel::qt::graphics::EditorView
 {
+    Q_OBJECT
 public:
     /// Shows the scene of the canvas. Both have to be destroyed together, as children of one window
     /// are.

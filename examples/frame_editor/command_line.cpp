@@ -120,7 +120,10 @@ QString commandLineHelp()
         "  --save FILE          writes the model\n"
         "  --screenshot FILE    writes a picture of the window\n"
         "\n"
-        "A text that is refused ends the program with code 1, and nothing is written.\n");
+        "Choices, yes and no are written as in a model file or in English, in whatever language "
+        "the\n"
+        "window speaks. A text that is refused ends the program with code 1, and nothing\n"
+        "is written.\n");
 }
 
 } // namespace frame_editor

@@ -18,7 +18,8 @@ MemberCommand::MemberCommand(Document& document, const MemberProperty& property,
                       .arg(label, document.m_model.members
                                       .at(static_cast<std::size_t>(changes.front().member))
                                       .name)
-                : QObject::tr("%1 of %2 members").arg(label).arg(changes.size()));
+                : QObject::tr("%1 of %n members", nullptr, static_cast<int>(changes.size()))
+                      .arg(label));
 }
 
 void MemberCommand::undo()
@@ -52,7 +53,7 @@ NodeCommand::NodeCommand(Document& document, const std::vector<NodeMove>& moves)
         moves.size() == 1
             ? QObject::tr("Move of %1")
                   .arg(document.m_model.nodes.at(static_cast<std::size_t>(moves.front().node)).name)
-            : QObject::tr("Move of %1 nodes").arg(moves.size()));
+            : QObject::tr("Move of %n nodes", nullptr, static_cast<int>(moves.size())));
 }
 
 void NodeCommand::undo()

@@ -1,6 +1,7 @@
 #include "examples/frame_editor/file_error.h"
 #include "examples/frame_editor/form.h"
 #include "examples/frame_editor/form_editors.h"
+#include "examples/frame_editor/form_texts.h"
 #include "examples/frame_editor/json_reading.h"
 #include "examples/frame_editor/member_property.h"
 
@@ -50,7 +51,7 @@ public:
         root.allowOnly({QStringLiteral("format"), QStringLiteral("version"),
                         QStringLiteral("title"), QStringLiteral("groups")});
         Form form;
-        form.title = root.member("title").text();
+        form.title = translatedFormText(root.member("title").text());
         const JsonReading groups = root.member("groups");
         for (int i = 0; i < groups.size(); ++i) {
             form.groups.push_back(readGroup(groups.item(i)));
@@ -64,7 +65,7 @@ private:
         reading.allowOnly(
             {QStringLiteral("title"), QStringLiteral("property"), QStringLiteral("fields")});
         FormGroup group;
-        group.title = reading.member("title").text();
+        group.title = translatedFormText(reading.member("title").text());
         if (reading.has("property")) {
             group.property = &takeProperty(reading.member("property"));
             if (group.property->kind != PropertyKind::Flag) {
@@ -85,8 +86,9 @@ private:
             {QStringLiteral("property"), QStringLiteral("caption"), QStringLiteral("hints")});
         FormField field;
         field.property = &takeProperty(reading.member("property"));
-        field.caption =
-            reading.has("caption") ? reading.member("caption").text() : field.property->label;
+        field.caption = reading.has("caption")
+                            ? translatedFormText(reading.member("caption").text())
+                            : field.property->label;
         const JsonReading hints = reading.member("hints");
         hints.allowOnly(keysOf(hints.value())); // it is an object
         field.description = toQt(hints.value()).toObject();

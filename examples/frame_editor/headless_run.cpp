@@ -40,16 +40,21 @@ const Member& memberAt(const Document& document, int index)
     return document.model().members.at(static_cast<std::size_t>(index));
 }
 
-/// "2.50 kN/m (2.5)": what the user reads, and the number behind it.
+/// "2.50 kN/m (2.5)": what the user reads, and the number behind it. Choices, yes and no are in the
+/// words that "--set" takes, in every language.
 QString valueText(const MemberProperty& property, const PropertyValue& value)
 {
+    if (property.kind == PropertyKind::Flag) {
+        return std::get<bool>(value) ? QStringLiteral("yes") : QStringLiteral("no");
+    }
+    if (property.kind == PropertyKind::Choice) {
+        return property.choiceName(std::get<QString>(value));
+    }
     const QString text = displayText(property, value);
     if (const double* number = std::get_if<double>(&value)) {
         return QStringLiteral("%1 (%2)").arg(text, QString::number(*number, 'g', 17));
     }
-    return property.kind == PropertyKind::Flag || property.kind == PropertyKind::Choice
-               ? text
-               : QLatin1Char('"') + text + QLatin1Char('"');
+    return QLatin1Char('"') + text + QLatin1Char('"');
 }
 
 class Run
@@ -182,7 +187,7 @@ private:
         for (const int index : told()) {
             const Member& member = memberAt(m_document, index);
             print(QStringLiteral("%1\t%2\t%3\t%4 - %5\t%6")
-                      .arg(member.name, displayText(kind, kind.get(member)), member.section,
+                      .arg(member.name, valueText(kind, kind.get(member)), member.section,
                            model.nodes.at(static_cast<std::size_t>(member.start)).name,
                            model.nodes.at(static_cast<std::size_t>(member.end)).name,
                            formatQuantity(m_units.context(), 1001, model.memberLength(member))));

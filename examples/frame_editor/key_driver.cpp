@@ -54,10 +54,14 @@ void typeInto(QLineEdit& edit, const QString& text)
     QApplication::processEvents();
 }
 
-/// Whether the text of an entry is meant by what the user of the command line wrote.
+/// Whether the text of an entry is meant by what the user of the command line wrote. What he can
+/// write is the same in whatever language the entries are shown.
 bool means(const PropertyField& field, const QString& text, const QString& entry)
 {
-    return text == entry || field.property().choiceLabel(text) == entry;
+    const MemberProperty& property = field.property();
+    return property.kind == PropertyKind::Choice
+               ? property.choiceLabel(property.choiceKey(text)) == entry
+               : text == entry;
 }
 
 void pickFrom(QComboBox& combo, const PropertyField& field, const QString& text)

@@ -4,6 +4,7 @@
 #include "examples/frame_editor/headless_run.h"
 #include "examples/frame_editor/main_window.h"
 #include "examples/frame_editor/member_selection.h"
+#include "examples/frame_editor/translations.h"
 #include "examples/frame_editor/unit_settings.h"
 
 #include "examples/frame_editor/file_error.h"
@@ -13,6 +14,7 @@
 #include <QStandardPaths>
 
 #include <cstdio>
+#include <optional>
 
 namespace {
 
@@ -67,17 +69,17 @@ int runWindow(const CommandLine& line, Document& document, UnitSettings& units, 
     return QApplication::exec();
 }
 
-} // namespace
-
-int main(int argc, char* argv[])
+/// Reads the arguments and says what there is to say of them alone, in the user's language.
+/// @return the code to end the program with, or none if it is to go on
+std::optional<int> takeArguments(int& argc, char** argv, CommandLine& line)
 {
-    // Arguments are read as UTF-8, whatever the locale: units such as the degree sign stand in
-    // them.
+    // Translations take an application object, and which sort of one is wanted, the arguments tell.
+    const QCoreApplication speaker(argc, argv);
+    // They are read as UTF-8, whatever the locale: units such as the degree sign stand in them.
     QStringList arguments;
     for (int i = 1; i < argc; ++i) {
         arguments << QString::fromUtf8(argv[i]);
     }
-    CommandLine line;
     QString error;
     if (!parseCommandLine(arguments, line, error)) {
         return fail(error);
@@ -86,17 +88,30 @@ int main(int argc, char* argv[])
         std::fputs(commandLineHelp().toUtf8().constData(), stdout);
         return 0;
     }
+    if (!hasDisplay() && !line.headless()) {
+        return fail(QObject::tr("there is no display for a window; --help tells what goes "
+                                "without one"));
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    registerTranslations();
+    CommandLine line;
+    if (const std::optional<int> code = takeArguments(argc, argv, line)) {
+        return *code;
+    }
     if (!hasDisplay()) {
-        if (!line.headless()) {
-            return fail(QObject::tr("there is no display for a window; --help tells what goes "
-                                    "without one"));
-        }
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     if (line.headless()) {
         outerHandler = qInstallMessageHandler(dropPlatformMessages);
     }
     QApplication application(argc, argv);
+    loadQtTranslations();
     QCoreApplication::setApplicationName(QStringLiteral("frame_editor"));
     Document document;
     UnitSettings units;

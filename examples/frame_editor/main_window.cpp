@@ -5,6 +5,7 @@
 #include "examples/frame_editor/document.h"
 #include "examples/frame_editor/form.h"
 #include "examples/frame_editor/member_list.h"
+#include "examples/frame_editor/menu_titles.h"
 #include "examples/frame_editor/model_file.h"
 #include "examples/frame_editor/property_panel.h"
 #include "examples/frame_editor/results_view.h"
@@ -73,7 +74,7 @@ void MainWindow::restoreView(const QString& settingsFile)
 
 void MainWindow::createFileActions(QToolBar& bar)
 {
-    QMenu* menu = menuBar()->addMenu(tr("&File"));
+    QMenu* menu = menuBar()->addMenu(MenuTitles().file);
     QAction* open = menu->addAction(style()->standardIcon(QStyle::SP_DialogOpenButton),
                                     tr("&Open..."), this, &MainWindow::openWithDialog);
     open->setShortcut(QKeySequence::Open);
@@ -92,7 +93,7 @@ void MainWindow::createFileActions(QToolBar& bar)
 
 void MainWindow::createEditActions(QToolBar& bar)
 {
-    QMenu* menu = menuBar()->addMenu(tr("&Edit"));
+    QMenu* menu = menuBar()->addMenu(MenuTitles().edit);
     QUndoStack& stack = m_document.undoStack();
     // What is being typed is a step of its own, and the first one to be undone.
     QAction* undo = menu->addAction(style()->standardIcon(QStyle::SP_ArrowBack), QString(), this,
@@ -110,9 +111,9 @@ void MainWindow::createEditActions(QToolBar& bar)
     redo->setObjectName(QStringLiteral("redo"));
     redo->setShortcut(QKeySequence::Redo);
     const auto show = [&stack, undo, redo] {
-        undo->setText(tr("&Undo %1").arg(stack.undoText()).trimmed());
+        undo->setText(stack.canUndo() ? tr("&Undo %1").arg(stack.undoText()) : tr("&Undo"));
         undo->setEnabled(stack.canUndo());
-        redo->setText(tr("&Redo %1").arg(stack.redoText()).trimmed());
+        redo->setText(stack.canRedo() ? tr("&Redo %1").arg(stack.redoText()) : tr("&Redo"));
         redo->setEnabled(stack.canRedo());
     };
     connect(&stack, &QUndoStack::indexChanged, undo, show);
@@ -124,7 +125,7 @@ void MainWindow::createEditActions(QToolBar& bar)
 
 void MainWindow::createViewActions(QToolBar& bar)
 {
-    QMenu* menu = menuBar()->addMenu(tr("&View"));
+    QMenu* menu = menuBar()->addMenu(MenuTitles().view);
     QAction* fit = menu->addAction(tr("&Fit to window"), m_canvas, &Canvas::fitToWindow);
     fit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_0));
     bar.addAction(fit);
@@ -139,7 +140,8 @@ void MainWindow::createViewActions(QToolBar& bar)
 
 void MainWindow::createUnitChooser(QToolBar& bar)
 {
-    auto* label = new QLabel(tr("U&nits "), &bar);
+    auto* label = new QLabel(MenuTitles().units, &bar);
+    label->setObjectName(QStringLiteral("unitsLabel"));
     auto* chooser = new QComboBox(&bar);
     chooser->setObjectName(QStringLiteral("units"));
     chooser->setAccessibleName(tr("Units"));

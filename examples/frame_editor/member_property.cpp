@@ -19,8 +19,15 @@ constexpr int momentSet = 1194;
 constexpr int angleSet = 1200;
 constexpr int temperatureDifferenceSet = 1237;
 
-/// The keys and labels of an enumeration, in the order of its enumerators.
-using Choices = std::vector<MemberProperty::Choice>;
+/// A key of an enumeration with its English name, which the translators see.
+struct NamedKey
+{
+    const char* key;
+    const char* name;
+};
+
+/// The keys of an enumeration, in the order of its enumerators.
+using Keys = std::vector<NamedKey>;
 
 template <class T>
 MemberProperty plain(const char* id, const QString& label, PropertyKind kind, T Member::*field)
@@ -44,14 +51,17 @@ MemberProperty quantity(const char* id, const QString& label, int unitSet, doubl
 }
 
 template <class Enum>
-MemberProperty choice(const char* id, const QString& label, const Choices& choices,
-                      Enum Member::*field)
+MemberProperty choice(const char* id, const QString& label, const Keys& keys, Enum Member::*field)
 {
     MemberProperty property;
     property.id = QLatin1String(id);
     property.label = label;
     property.kind = PropertyKind::Choice;
-    property.choices = choices;
+    for (const NamedKey& entry : keys) {
+        property.choices.emplace_back(QLatin1String(entry.key), QObject::tr(entry.name));
+        property.choiceNames.push_back(QLatin1String(entry.name));
+    }
+    const std::vector<MemberProperty::Choice> choices = property.choices;
     property.get = [field, choices](const Member& member) {
         return PropertyValue(choices.at(static_cast<std::size_t>(member.*field)).first);
     };
@@ -66,22 +76,19 @@ MemberProperty choice(const char* id, const QString& label, const Choices& choic
     return property;
 }
 
-MemberProperty::Choice entry(const char* key, const QString& label)
-{
-    return {QLatin1String(key), label};
-}
-
 std::vector<MemberProperty> makeProperties()
 {
-    const Choices kinds{entry("column", QObject::tr("Column")), entry("beam", QObject::tr("Beam")),
-                        entry("rafter", QObject::tr("Rafter")),
-                        entry("brace", QObject::tr("Brace"))};
-    const Choices supports{
-        entry("none", QObject::tr("None")), entry("roller", QObject::tr("Roller")),
-        entry("pinned", QObject::tr("Pinned")), entry("fixed", QObject::tr("Fixed"))};
-    const Choices directions{entry("vertical", QObject::tr("Vertical, per length")),
-                             entry("projected", QObject::tr("Vertical, per plan length")),
-                             entry("normal", QObject::tr("Normal to the member"))};
+    const Keys kinds{{"column", QT_TRANSLATE_NOOP("QObject", "Column")},
+                     {"beam", QT_TRANSLATE_NOOP("QObject", "Beam")},
+                     {"rafter", QT_TRANSLATE_NOOP("QObject", "Rafter")},
+                     {"brace", QT_TRANSLATE_NOOP("QObject", "Brace")}};
+    const Keys supports{{"none", QT_TRANSLATE_NOOP("QObject", "None")},
+                        {"roller", QT_TRANSLATE_NOOP("QObject", "Roller")},
+                        {"pinned", QT_TRANSLATE_NOOP("QObject", "Pinned")},
+                        {"fixed", QT_TRANSLATE_NOOP("QObject", "Fixed")}};
+    const Keys directions{{"vertical", QT_TRANSLATE_NOOP("QObject", "Vertical, per length")},
+                          {"projected", QT_TRANSLATE_NOOP("QObject", "Vertical, per plan length")},
+                          {"normal", QT_TRANSLATE_NOOP("QObject", "Normal to the member")}};
     return {
         plain("name", QObject::tr("Name"), PropertyKind::Name, &Member::name),
         choice("kind", QObject::tr("Kind"), kinds, &Member::kind),
@@ -131,6 +138,26 @@ QString MemberProperty::choiceLabel(const QString& key) const
         }
     }
     return key;
+}
+
+QString MemberProperty::choiceName(const QString& key) const
+{
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        if (choices[i].first == key) {
+            return choiceNames.at(i);
+        }
+    }
+    return key;
+}
+
+QString MemberProperty::choiceKey(const QString& text) const
+{
+    for (std::size_t i = 0; i < choices.size(); ++i) {
+        if (choices[i].first == text || choiceNames.at(i) == text) {
+            return choices[i].first;
+        }
+    }
+    return QString();
 }
 
 const std::vector<MemberProperty>& memberProperties()

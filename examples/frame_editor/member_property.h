@@ -35,12 +35,19 @@ struct MemberProperty
     PropertyKind kind = PropertyKind::Text;
     int unitSet = 0; ///< number of the unit set of a quantity, such as 1001
     std::vector<Choice> choices;
+    /// The English names of `choices`, which are the same in all languages that the user may read:
+    /// with the keys, what the command line takes and prints.
+    std::vector<QString> choiceNames;
     std::function<PropertyValue(const Member&)> get;
     /// Takes a value of the type that `get` gives; a choice has to be one of `choices`.
     std::function<void(Member&, const PropertyValue&)> set;
 
     /// What the user reads for the key of a choice; the key itself if it is unknown.
     QString choiceLabel(const QString& key) const;
+    /// The English name for the key of a choice; the key itself if it is unknown.
+    QString choiceName(const QString& key) const;
+    /// The key of a choice by its key or its English name; empty if there is none.
+    QString choiceKey(const QString& text) const;
 };
 
 /// All properties, in the order of files and columns.

@@ -4,6 +4,7 @@
 #include "examples/frame_editor/field_value.h"
 #include "examples/frame_editor/form_editors.h"
 #include "examples/frame_editor/member_selection.h"
+#include "examples/frame_editor/menu_titles.h"
 #include "examples/frame_editor/unit_settings.h"
 
 #include "qt/inc/controls.h"
@@ -116,8 +117,7 @@ void PropertyPanel::rebuild()
     }
     m_fields.clear();
     m_switches.clear();
-    // The letters of the menus and of the unit chooser are not to be had.
-    m_mnemonics = {QLatin1Char('f'), QLatin1Char('e'), QLatin1Char('v'), QLatin1Char('n')};
+    m_mnemonics = MenuTitles().letters();
 
     auto* content = new QWidget;
     m_content = content;
@@ -259,7 +259,9 @@ QString PropertyPanel::withMnemonic(const QString& caption)
 {
     for (int i = 0; i < caption.size(); ++i) {
         const QChar letter = caption.at(i).toLower();
-        if (letter.isLetter() && !m_mnemonics.contains(letter)) {
+        // Letters with an accent are on few keyboards.
+        if (letter.isLetter() && letter.decomposition().isEmpty() &&
+            !m_mnemonics.contains(letter)) {
             m_mnemonics.insert(letter);
             return QString(caption).insert(i, QLatin1Char('&'));
         }
@@ -297,11 +299,11 @@ void PropertyPanel::showState()
     constexpr int longest = 8;
     QString list = QStringList(names.mid(0, longest)).join(QStringLiteral(", "));
     if (names.size() > longest) {
-        list += tr(" and %1 more").arg(names.size() - longest);
+        list += tr(" and %n more", nullptr, names.size() - longest);
     }
     m_heading->setText(names.isEmpty()     ? tr("No member is selected")
                        : names.size() == 1 ? tr("Member %1").arg(list)
-                                           : tr("%1 members: %2").arg(names.size()).arg(list));
+                                           : tr("%n members: %1", nullptr, names.size()).arg(list));
     for (const Switch& decision : m_switches) {
         decision.buttons->setVisible(decision.field->varies());
     }

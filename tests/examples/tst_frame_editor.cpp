@@ -1,4 +1,5 @@
 #include "tests/helpers/checked_test.h"
+#include "tests/helpers/german_locale.h"
 
 #include <QDir>
 #include <QFile>
@@ -34,6 +35,10 @@ private Q_SLOTS:
     void badForm();
     void noDisplay();
     void help();
+    void german();
+    void germanWordsAreNotTaken_data();
+    void germanWordsAreNotTaken();
+    void french();
 
 private:
     struct Result
@@ -43,7 +48,8 @@ private:
         QString err;
     };
 
-    static Result run(const QStringList& arguments);
+    /// Runs under the locale of C or, if one is given, that of another language.
+    static Result run(const QStringList& arguments, const QString& locale = QStringLiteral("C"));
     static QString model(const char* name = "portal_frame.json");
     static QJsonObject read(const QString& fileName);
     static QJsonObject memberOf(const QJsonObject& root, const QString& name);
@@ -51,14 +57,15 @@ private:
     static QStringList differences(const QJsonObject& left, const QJsonObject& right);
 };
 
-TestFrameEditor::Result TestFrameEditor::run(const QStringList& arguments)
+TestFrameEditor::Result TestFrameEditor::run(const QStringList& arguments, const QString& locale)
 {
     QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("DISPLAY"));
     environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
     environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
+    environment.remove(QStringLiteral("LANGUAGE"));
+    environment.insert(QStringLiteral("LC_ALL"), locale);
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(FRAME_EDITOR_PROGRAM), arguments);
     Result result;
@@ -462,6 +469,81 @@ void TestFrameEditor::help()
          {"--select", "--set", "--units", "--save", "--screenshot", "--list", "--print"}) {
         QVERIFY(result.out.contains(QLatin1String(option)));
     }
+}
+
+void TestFrameEditor::german()
+{
+    // The C library has to know the locale too: its decimal comma must not get anywhere.
+    QTemporaryDir folder;
+    const QString problem = zel::test::makeGermanLocale(folder.path());
+    QVERIFY2(problem.isEmpty(), qPrintable(problem));
+    qputenv("LOCPATH", folder.path().toUtf8());
+    const auto arguments = [&folder](const char* name) {
+        QStringList result{model(), QStringLiteral("--select"), QStringLiteral("R1,T1")};
+        for (const char* setting :
+             {"line_load=2.5 kN/m", "length_offset=5' 6 1/2''", "kind=Beam", "hinge_end=yes",
+              "load_direction=normal", "elastic_modulus=2.05e5", "bedded=yes"}) {
+            result << QStringLiteral("--set") << QLatin1String(setting);
+        }
+        return result << QStringLiteral("--print") << QStringLiteral("--save")
+                      << folder.filePath(QLatin1String(name));
+    };
+    const Result english = run(arguments("same.json"));
+    QFile saved(folder.filePath(QStringLiteral("same.json")));
+    QVERIFY(saved.open(QIODevice::ReadOnly));
+    const QByteArray bytes = saved.readAll();
+    saved.close();
+    QVERIFY(saved.remove());
+    const Result german = run(arguments("same.json"), QStringLiteral("de_DE.UTF-8"));
+    QVERIFY(saved.open(QIODevice::ReadOnly));
+    QCOMPARE(saved.readAll(), bytes);
+    qunsetenv("LOCPATH");
+
+    QCOMPARE(german.err, QString());
+    QCOMPARE(german.code, 0);
+    // Values are told in the words that "--set" takes, the rest in the user's.
+    QString expected = english.out;
+    expected.replace(QStringLiteral(", unchanged\n"), QStringLiteral(", unverändert\n"));
+    expected.replace(QStringLiteral("\nsaved "), QStringLiteral("\ngespeichert: "));
+    QVERIFY(expected != english.out);
+    QCOMPARE(german.out, expected);
+}
+
+void TestFrameEditor::germanWordsAreNotTaken_data()
+{
+    QTest::addColumn<QString>("setting");
+    QTest::addColumn<QString>("message");
+    QTest::newRow("entry") << "kind=Träger"
+                           << "Art: „Träger“ steht nicht in der Liste";
+    QTest::newRow("button") << "load_direction=Senkrecht zum Stab"
+                            << "Lastrichtung: Es gibt keine Auswahl „Senkrecht zum Stab“";
+    QTest::newRow("yes") << "hinge_end=ja"
+                         << "Gelenk am Ende: „ja“ ist weder yes noch no";
+    QTest::newRow("comma") << "line_load=2,5"
+                           << "Linienlast: „2,5“: Dezimalstellen stehen hinter einem Punkt; "
+                              "nichts wird übernommen";
+}
+
+void TestFrameEditor::germanWordsAreNotTaken()
+{
+    QFETCH(QString, setting);
+    QFETCH(QString, message);
+    const Result result = run({model(), QStringLiteral("--select"), QStringLiteral("C1"),
+                               QStringLiteral("--set"), setting},
+                              QStringLiteral("de_DE.UTF-8"));
+    QCOMPARE(result.err, QStringLiteral("frame_editor: ") + message + QLatin1Char('\n'));
+    QCOMPARE(result.code, 1);
+}
+
+void TestFrameEditor::french()
+{
+    const QString locale = QStringLiteral("fr_CA.UTF-8");
+    QVERIFY(
+        run({QStringLiteral("--help")}, locale).out.startsWith(QStringLiteral("Usage\u00a0: ")));
+    const Result unknown = run({QStringLiteral("--colour")}, locale);
+    QCOMPARE(unknown.err, QStringLiteral("frame_editor: option inconnue --colour\n"));
+    QCOMPARE(unknown.code, 2);
+    QVERIFY(run({model()}, locale).err.startsWith(QStringLiteral("frame_editor: il n’y a pas")));
 }
 
 QTEST_GUILESS_MAIN(TestFrameEditor)

@@ -181,7 +181,9 @@ void TestMainWindow::undoTexts()
     auto* undo = stage.window.findChild<QAction*>(QStringLiteral("undo"));
     auto* redo = stage.window.findChild<QAction*>(QStringLiteral("redo"));
     QVERIFY(!undo->isEnabled());
+    QCOMPARE(undo->text(), QStringLiteral("&Undo"));
     QVERIFY(!redo->isEnabled());
+    QCOMPARE(redo->text(), QStringLiteral("&Redo"));
     stage.select({0});
     stage.enter("line_load", QStringLiteral("1"));
     QCOMPARE(undo->text(), QStringLiteral("&Undo Line load of C1"));

@@ -3,10 +3,10 @@
 
 #include "qt/inc/validators.h"
 #include "tests/helpers/checked_test.h"
+#include "tests/helpers/german_locale.h"
 #include "tests/helpers/validation.h"
 #include "units/inc/units.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
 
 using namespace zel::qt;
@@ -39,12 +39,8 @@ private:
 
 void GermanEnvironmentTest::initTestCase()
 {
-    // Few machines have the locale, all of them its source.
-    const QString folder = m_locales.filePath("de_DE.UTF-8");
-    QProcess process;
-    process.start("localedef", {"--no-archive", "-i", "de_DE", "-f", "UTF-8", folder});
-    QVERIFY2(process.waitForFinished(120000), qPrintable(process.errorString()));
-    QVERIFY2(process.exitCode() == 0, process.readAllStandardError().constData());
+    const QString problem = zel::test::makeGermanLocale(m_locales.path());
+    QVERIFY2(problem.isEmpty(), qPrintable(problem));
     qputenv("LOCPATH", m_locales.path().toUtf8());
     qputenv("LC_ALL", "de_DE.UTF-8");
     QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
