@@ -79,6 +79,8 @@ if(TARGET frame_editor)
         "at a time, with the input widgets of zel.")
     install(FILES ${PROJECT_BINARY_DIR}/zel-frame-editor.1.gz
         DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT example)
+    # The texts of Qt's own dialogs, in the languages that the program speaks.
+    set(CPACK_DEBIAN_EXAMPLE_PACKAGE_RECOMMENDS qttranslations5-l10n)
     set(CPACK_DEBIAN_EXAMPLE_PACKAGE_DEPENDS "libzel${PROJECT_VERSION_MAJOR} ${zel_same_version}")
 endif()
 
