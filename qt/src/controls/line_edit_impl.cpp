@@ -4,6 +4,7 @@
 #include "qt/inc/detail/popups.h"
 #include "qt/src/controls/folder_icon.h"
 
+#include <QPointer>
 #include <QStyle>
 #include <QToolButton>
 
@@ -110,8 +111,11 @@ void LineEditImpl::onClicked1()
     if (m_btnFn.empty()) {
         return;
     }
-    const QString result = m_btnFn(text());
-    if (result != text()) {
+    // A dialog of the host runs meanwhile, and the edit may be gone when it is closed.
+    const QPointer<QObject> alive = this;
+    const boost::function<QString(const QString&)> fn = m_btnFn;
+    const QString result = fn(text());
+    if (alive && result != text()) {
         setText(result);
         selectAll();
     }

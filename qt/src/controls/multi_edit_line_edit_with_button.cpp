@@ -3,6 +3,7 @@
 #include "platform/smart_assert.h"
 #include "qt/inc/controls/pixmap.h"
 
+#include <QPointer>
 #include <QToolButton>
 
 #include <utility>
@@ -43,9 +44,13 @@ MultiEditLineEditWithButton::MultiEditLineEditWithButton(
 {
     init();
     connect(m_btn, &QToolButton::clicked, this, [this, handler = std::move(handler)] {
+        // A dialog of the host runs meanwhile, and the field may be gone when it is closed.
+        const QPointer<QObject> alive = this;
         boost::any value;
         handler(this, m_id, value);
-        setValue(value);
+        if (alive) {
+            setValue(value);
+        }
     });
 }
 
@@ -96,7 +101,11 @@ void MultiEditLineEditWithResetButton::onReset(
 {
     boost::any shown;
     boost::any result;
+    const QPointer<QObject> alive = this;
     resetFn(m_id, shown, result);
+    if (!alive) {
+        return;
+    }
     m_resetActive = true;
     m_resetValue = result;
     setValue(shown);

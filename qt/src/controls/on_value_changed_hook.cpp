@@ -16,7 +16,9 @@ OnValueChangedHook::~OnValueChangedHook() = default;
 
 void OnValueChangedHook::onValueChanged()
 {
-    m_fn();
+    // A copy, since the host may delete the hook: the function would go with it while it runs.
+    const boost::function<void()> fn = m_fn;
+    fn();
 }
 
 } // namespace zel::qt

@@ -3,6 +3,8 @@
 
 #include <QMetaMethod>
 
+#include <memory>
+
 using namespace zel::qt;
 
 class Control : public QObject
@@ -20,6 +22,7 @@ private Q_SLOTS:
     void movesTheFunctionIn();
     void hasNoParentAndNoSignals();
     void endsWithTheHook();
+    void functionMayDeleteTheHook();
     void emptyFunctionThrows();
     void objectWithoutTheSignalIsWarnedOf();
 };
@@ -69,6 +72,28 @@ void OnValueChangedHookTest::endsWithTheHook()
     }
     Q_EMIT control.valueChanged();
     QCOMPARE(calls, 0);
+}
+
+void OnValueChangedHookTest::functionMayDeleteTheHook()
+{
+    Control control;
+    std::unique_ptr<OnValueChangedHook> hook;
+    auto own = std::make_shared<int>();
+    const std::weak_ptr<int> owned = own;
+    int ownersLeft = 0;
+    hook = std::make_unique<OnValueChangedHook>(&control, [&, own] {
+        // What the function holds has to outlast the hook, for as long as it runs.
+        const std::weak_ptr<int>& seen = owned;
+        int& result = ownersLeft;
+        hook.reset();
+        result = int(seen.use_count());
+    });
+    own.reset();
+    Q_EMIT control.valueChanged();
+    QVERIFY(!hook);
+    QCOMPARE(ownersLeft, 1);
+    Q_EMIT control.valueChanged();
+    QCOMPARE(ownersLeft, 1);
 }
 
 void OnValueChangedHookTest::emptyFunctionThrows()

@@ -3,9 +3,12 @@
 #include "tests/helpers/checked_test.h"
 
 #include <QMetaMethod>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QStyle>
 #include <QToolButton>
+
+#include <memory>
 
 using zel::qt::detail::EditHintPopup;
 using zel::qt::detail::HistoryPopup;
@@ -32,6 +35,7 @@ private Q_SLOTS:
     void buttonStandsAtTheRight();
     void clickReplacesTheText();
     void clickWithTheSameTextLeavesTheSelection();
+    void clickMayDeleteTheEdit();
     void slotWithoutAButtonDoesNothing();
     void lastFilterRunsLast();
 };
@@ -267,6 +271,28 @@ void LineEditImplTest::clickWithTheSameTextLeavesTheSelection()
     QCOMPARE(edit.text(), QStringLiteral("12"));
     QVERIFY(!edit.hasSelectedText());
     QCOMPARE(changed.count(), 0);
+}
+
+void LineEditImplTest::clickMayDeleteTheEdit()
+{
+    QPointer<LineEditImpl> edit = new LineEditImpl(nullptr, 0);
+    auto own = std::make_shared<int>();
+    const std::weak_ptr<int> owned = own;
+    long ownersLeft = 0;
+    QToolButton* const button = edit->addButton(
+        [&, own](const QString&) {
+            // What the function holds has to outlast the edit, for as long as it runs.
+            const std::weak_ptr<int>& seen = owned;
+            long& result = ownersLeft;
+            delete edit;
+            result = seen.use_count();
+            return QStringLiteral("12");
+        },
+        QPixmap());
+    own.reset();
+    QTest::mouseClick(button, Qt::LeftButton);
+    QVERIFY(!edit);
+    QCOMPARE(ownersLeft, 1L);
 }
 
 void LineEditImplTest::slotWithoutAButtonDoesNothing()
