@@ -43,7 +43,8 @@ public:
                               const std::bitset<32>& flags) override;
 
 protected:
-    /// Accepts what QLocale::toDouble() accepts, exponents included, in or out of range.
+    /// Accepts what QLocale::toDouble() accepts, exponents and groups included, in or out of range:
+    /// in the C locale "2,5" is refused and "2,500" is 2500.
     /// On a refusal `value` is 0.0.
     bool validate(const QString& text, boost::any& value, const std::bitset<32>& flags) override;
     /// The number within the range. A value that holds no `double`, an empty one included unless

@@ -67,6 +67,7 @@ void DoubleEditValidatorTest::readsWhatTheLocaleReads_data()
     QTest::newRow("negative") << "-2.5" << false << "true double -2.5";
     QTest::newRow("exponent") << "1e3" << false << "true double 1000";
     QTest::newRow("comma refused") << "2,5" << false << "false double 0";
+    QTest::newRow("comma behind a thousand is a group") << "1,234" << false << "true double 1234";
     QTest::newRow("comma in the locale") << "2,5" << true << "true double 2.5";
     QTest::newRow("point in the locale") << "2.5" << true << "false double 0";
     QTest::newRow("word") << "abc" << false << "false double 0";
