@@ -26,6 +26,7 @@ private Q_SLOTS:
     void hintWithoutFocusStaysHidden();
     void historyIsSharedWithThePopup();
     void historyEntryIsACommit();
+    void historyEntryReplacesWhatIsBeingTyped();
     void currentValueGoesToTheHistory_data();
     void currentValueGoesToTheHistory();
     void historyWithoutValidatorIsReported();
@@ -73,6 +74,7 @@ void LineEditHintAndHistoryTest::hintFollowsTheText()
     zel::test::runDeferred();
     QCOMPARE(history->pos(), below + QPoint(0, height + 5));
     QVERIFY(m_edit->hasFocus());
+    QCOMPARE(changes(), 0);
 }
 
 void LineEditHintAndHistoryTest::hintWithoutFocusStaysHidden()
@@ -85,8 +87,10 @@ void LineEditHintAndHistoryTest::hintWithoutFocusStaysHidden()
     QVERIFY(popup->isHidden());
     QCOMPARE(popup->findChild<QLabel*>()->text(), QStringLiteral("hint"));
     popup->show();
+    m_changed->clear();
     QTest::keyClicks(m_edit, QStringLiteral("2"));
     QVERIFY(!popup->isHidden());
+    QCOMPARE(changes(), 0);
 }
 
 void LineEditHintAndHistoryTest::historyIsSharedWithThePopup()
@@ -124,6 +128,30 @@ void LineEditHintAndHistoryTest::historyEntryIsACommit()
     QCOMPARE(changes(), 1);
     QVERIFY(m_edit->hasFocus());
     QVERIFY(!m_field->findChild<detail::HistoryPopup*>()->isHidden());
+}
+
+void LineEditHintAndHistoryTest::historyEntryReplacesWhatIsBeingTyped()
+{
+    const auto history = boost::make_shared<zel::ValueHistory>(
+        L"key", boost::make_shared<zel::ValueHistoryMemoryStorage>());
+    history->add(L"2.5");
+    m_field->setValueHistory(history);
+    QTest::mouseClick(&m_other->edit(), Qt::LeftButton);
+    QTest::mouseClick(m_edit, Qt::LeftButton);
+    zel::test::runDeferred();
+    m_changed->clear();
+    QTest::keyClicks(m_edit, QStringLiteral("x"));
+    QCOMPARE(changes(), 0);
+    auto* list = m_field->findChild<QListWidget*>();
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {},
+                      list->visualItemRect(list->item(0)).center());
+    QCOMPARE(changes(), 1);
+    QCOMPARE(m_edit->text(), QStringLiteral("2.500"));
+    QVERIFY(m_field->isValueValid());
+    QCOMPARE(m_edit->styleSheet(), QStringLiteral("QLineEdit { color: #000; }"));
+    QTest::keyClick(m_edit, Qt::Key_Tab);
+    QCOMPARE(changes(), 2); // leaving the field is an end of editing of its own
+    QCOMPARE(m_edit->text(), QStringLiteral("2.500"));
 }
 
 void LineEditHintAndHistoryTest::currentValueGoesToTheHistory_data()
