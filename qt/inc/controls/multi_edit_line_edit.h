@@ -3,6 +3,8 @@
 #include "qt/inc/controls/multi_edit_control_base.h"
 #include "qt/inc/controls/simple_line_edit.h"
 
+#include <boost/optional.hpp>
+
 namespace zel::qt {
 
 /// A line edit for one property of several objects. While the values that were read into it differ
@@ -30,7 +32,8 @@ public:
     void readValue(const boost::any& value) override;
     bool dataVaries() const override;
     /// Empty while the values vary, while the text is not valid, and where the text stands for no
-    /// value; dataVaries() tells the last case from the first.
+    /// value; dataVaries() tells the last case from the first. Empty also when the user has brought
+    /// the marker back, by undoing say, though the values then count as decided.
     boost::any getCurrentValue() const override;
     /// Shows a single value. Emits nothing by itself; while the control is loading its signals are
     /// blocked besides.
@@ -51,8 +54,11 @@ private:
     bool vetoValidation(const QString& text) override;
     void onValidated(const QString& text, const boost::any& value) override;
 
+    bool isMarkerShown(const QString& text) const;
+
     bool m_varies = false;
     bool m_first = true;
+    boost::optional<QString> m_marker; ///< what forceVaries() made the edit show, until setValue()
 };
 
 } // namespace zel::qt

@@ -118,6 +118,10 @@ protected:
     /// every text and formats every value as an empty text.
     IValidator& validator();
 
+    /// The value of the present text, as at the end of editing. False, with a value that must not
+    /// be used, if the text is refused or there is no validator.
+    bool readText(boost::any& value) const;
+
     /// The value whose text replaces a text that does not validate, from that keystroke on; empty,
     /// the default, keeps the user's text.
     void setFallbackValue(const boost::any& value);

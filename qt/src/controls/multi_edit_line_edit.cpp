@@ -68,10 +68,14 @@ bool MultiEditLineEdit::dataVaries() const
 
 boost::any MultiEditLineEdit::getCurrentValue() const
 {
-    if (dataVaries() || !isValueValid()) {
+    if (dataVaries() || !isValueValid() || isMarkerShown(edit().text())) {
         return {};
     }
-    return getValue();
+    // The validity is that of the last text that was validated. The text of the moment may be
+    // another one, which the host has set say, and what a validator leaves behind for a text that
+    // it refuses must not reach the objects.
+    boost::any value;
+    return readText(value) ? value : boost::any();
 }
 
 void MultiEditLineEdit::setValue(const boost::any& value)
@@ -81,6 +85,7 @@ void MultiEditLineEdit::setValue(const boost::any& value)
         blocker = std::make_shared<SignalBlocker>(this);
     }
     m_varies = false;
+    m_marker.reset();
     SimpleLineEdit::setValue(value);
 }
 
@@ -89,12 +94,15 @@ void MultiEditLineEdit::forceVaries()
     m_varies = true;
     m_first = false;
     edit().setText(getVariesString());
+    m_marker = edit().text();
     detail::describeVarying(edit(), true);
 }
 
 void MultiEditLineEdit::copyStateFrom(const MultiEditLineEdit& other)
 {
+    const bool copiesMarker = other.isMarkerShown(other.edit().text());
     edit().setText(other.edit().text());
+    m_marker = boost::make_optional(copiesMarker, edit().text());
     m_first = other.m_first;
     m_varies = other.m_varies;
     detail::describeVarying(edit(), m_varies);
@@ -102,7 +110,14 @@ void MultiEditLineEdit::copyStateFrom(const MultiEditLineEdit& other)
 
 bool MultiEditLineEdit::vetoValidation(const QString& text)
 {
-    return text == getVariesString();
+    return text == getVariesString() || isMarkerShown(text);
+}
+
+bool MultiEditLineEdit::isMarkerShown(const QString& text) const
+{
+    // The edit cuts the marker to its longest text, and the language of the application may have
+    // changed since: the rest of a marker must not be taken for a text of the user.
+    return m_marker && text == m_marker->left(edit().maxLength());
 }
 
 void MultiEditLineEdit::onValidated(const QString&, const boost::any&)

@@ -126,11 +126,15 @@ void SimpleLineEdit::setValue(const boost::any& value)
 
 boost::any SimpleLineEdit::getValue() const
 {
-    IValidator& validator = m_validator ? *m_validator : refusingValidator();
     boost::any value;
-    const bool ok = validator.validateWhenFinished(m_edit->text(), value, {});
+    const bool ok = readText(value);
     ZEL_SMART_ASSERT(ok, "ok").message("getValue() failed to validate");
     return value;
+}
+
+bool SimpleLineEdit::readText(boost::any& value) const
+{
+    return m_validator && m_validator->validateWhenFinished(m_edit->text(), value, {});
 }
 
 bool SimpleLineEdit::isValueValid() const
@@ -382,8 +386,10 @@ void SimpleLineEdit::focusOutEvent(QFocusEvent* e)
 
 void SimpleLineEdit::onClickedButton()
 {
-    if (m_onClicked) {
-        m_onClicked();
+    // A copy, since the host may delete this field: the function would go with it while it runs.
+    const boost::function<void()> onClicked = m_onClicked;
+    if (onClicked) {
+        onClicked();
     }
 }
 

@@ -1,8 +1,8 @@
 #include "qt/inc/controls.h"
 #include "tests/helpers/active_window.h"
 #include "tests/helpers/checked_test.h"
+#include "tests/helpers/multi_edit_steps.h"
 #include "tests/helpers/number_validator.h"
-#include "tests/helpers/word_translator.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -16,48 +16,17 @@
 #include <vector>
 
 using namespace zel::qt;
+using zel::test::answer;
+using zel::test::apply;
 using zel::test::NumberValidator;
+using zel::test::typeOver;
 
 namespace {
 
 const QString marker = QStringLiteral("*VARIES*");
-const QString black = QStringLiteral("QLineEdit { color: #000; }");
 const QString red = QStringLiteral("QLineEdit { color: #e61414; }");
 
-/// Varying state and value, as a host sees them.
-QString answer(const MultiEditControlBase& control)
-{
-    const boost::any value = control.getCurrentValue();
-    return (control.dataVaries() ? QStringLiteral("varies ") : QStringLiteral("one ")) +
-           (value.empty() ? QStringLiteral("-") : QString::number(boost::any_cast<double>(value)));
-}
-
-/// r: reset, 1 to 9: read that value, s: set 5, f: force
-void apply(MultiEditControlBase& control, const QString& steps)
-{
-    for (const QChar step : steps) {
-        if (step == QLatin1Char('r')) {
-            control.reset();
-        } else if (step == QLatin1Char('s')) {
-            control.setValue(5.0);
-        } else if (step == QLatin1Char('f')) {
-            control.forceVaries();
-        } else {
-            control.readValue(double(step.digitValue()));
-        }
-    }
-}
-
-void typeOver(QLineEdit& edit, const QString& text)
-{
-    edit.selectAll();
-    QTest::keyClick(&edit, Qt::Key_Backspace);
-    QTest::keyClicks(&edit, text);
-}
-
 } // namespace
-
-Q_DECLARE_METATYPE(zel::test::NumberValidator::EmptyText)
 
 /// The field under test stands above another one in an active window.
 class MultiEditLineEditTest : public zel::test::CheckedTest
@@ -83,11 +52,7 @@ private Q_SLOTS:
     void fillingIsSilent_data();
     void fillingIsSilent();
     void loadingBlocksTheSignals();
-    void userMeetsTheMarker_data();
-    void userMeetsTheMarker();
-    void markerTypedBackIn();
     void otherFieldsCommitWhenLeft();
-    void markerOfAnotherLanguage();
     void copyOfTheState();
     void virtualStateIsAsked();
     void withoutValidator();
@@ -390,94 +355,6 @@ void MultiEditLineEditTest::loadingBlocksTheSignals()
     QCOMPARE(witness->blocked, (QList<bool>{false, true, true, false}));
 }
 
-void MultiEditLineEditTest::userMeetsTheMarker_data()
-{
-    using V = NumberValidator;
-    QTest::addColumn<NumberValidator::EmptyText>("emptyText");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("whileTyping"); // validity and answer after the last keystroke
-    QTest::addColumn<QString>("sheet");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("afterwards");
-    QTest::addColumn<int>("changes");
-    QTest::newRow("leaves it unchanged") << V::EmptyRefused << QString() << "valid varies -"
-                                         << "" << marker << "varies -" << 0;
-    QTest::newRow("types a valid text") << V::EmptyRefused << "2.5"
-                                        << "valid one 2.5" << black << "2.500"
-                                        << "one 2.5" << 1;
-    QTest::newRow("types an invalid text") << V::EmptyRefused << "abc"
-                                           << "invalid varies -" << red << "abc"
-                                           << "varies -" << 1;
-    QTest::newRow("clears it, empty allowed") << V::EmptyAllowed << ""
-                                              << "valid one -" << black << ""
-                                              << "one -" << 1;
-    QTest::newRow("clears it, empty is zero") << V::EmptyAsZero << ""
-                                              << "valid one 0" << black << "0.000"
-                                              << "one 0" << 1;
-    QTest::newRow("clears it, empty refused") << V::EmptyRefused << ""
-                                              << "invalid varies -" << red << ""
-                                              << "varies -" << 1;
-}
-
-void MultiEditLineEditTest::userMeetsTheMarker()
-{
-    QFETCH(NumberValidator::EmptyText, emptyText);
-    QFETCH(QString, typed);
-    QFETCH(int, changes);
-    MultiEditLineEdit* const field = add(new NumberValidator(emptyText));
-    apply(*field, QStringLiteral("12"));
-    const QSignalSpy changed(field, &SimpleLineEdit::valueChanged);
-    QTest::mouseClick(&field->edit(), Qt::LeftButton);
-    QVERIFY(field->edit().hasFocus());
-    if (!typed.isNull()) {
-        typeOver(field->edit(), typed);
-    }
-    QTEST((field->isValueValid() ? QStringLiteral("valid ") : QStringLiteral("invalid ")) +
-              answer(*field),
-          "whileTyping");
-    QTEST(field->edit().styleSheet(), "sheet");
-    QCOMPARE(changed.count(), 0);
-    QTest::mouseClick(&m_other->edit(), Qt::LeftButton);
-    QCOMPARE(changed.count(), changes);
-    QTEST(answer(*field), "afterwards");
-    QTEST(field->edit().text(), "text");
-    QTEST(field->edit().styleSheet(), "sheet");
-}
-
-void MultiEditLineEditTest::markerTypedBackIn()
-{
-    // The text before the last keystroke is judged, the marker itself is not.
-    apply(*m_field, QStringLiteral("1"));
-    const QSignalSpy changed(m_field, &SimpleLineEdit::valueChanged);
-    m_field->setFocus();
-    typeOver(m_field->edit(), marker);
-    QCOMPARE(m_field->edit().text(), marker);
-    QVERIFY(!m_field->isValueValid());
-    QVERIFY(!m_field->dataVaries());
-    QCOMPARE(m_field->edit().styleSheet(), red);
-    QTest::keyClick(&m_field->edit(), Qt::Key_Return);
-    m_other->setFocus();
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(answer(*m_field), QStringLiteral("one -"));
-
-    m_field->forceVaries();
-    m_field->setFocus();
-    typeOver(m_field->edit(), marker);
-    m_other->setFocus();
-    QCOMPARE(changed.count(), 0);
-    QVERIFY(m_field->dataVaries());
-
-    // By undoing, from a text that has validated.
-    typeOver(m_field->edit(), QStringLiteral("7"));
-    QVERIFY(!m_field->dataVaries());
-    typeOver(m_field->edit(), marker);
-    QVERIFY(!m_field->dataVaries());
-    m_field->setFocus();
-    m_other->setFocus();
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(answer(*m_field), QStringLiteral("one -"));
-}
-
 void MultiEditLineEditTest::otherFieldsCommitWhenLeft()
 {
     m_field->setValue(1.0);
@@ -491,31 +368,6 @@ void MultiEditLineEditTest::otherFieldsCommitWhenLeft()
     QVERIFY(m_field->edit().hasFocus());
     QTest::keyClick(&m_field->edit(), Qt::Key_Tab);
     QCOMPARE(changed.count(), 1);
-}
-
-void MultiEditLineEditTest::markerOfAnotherLanguage()
-{
-    const QString translated = QStringLiteral("*VERSCHIEDEN*");
-    const zel::test::WordTranslator translator("QObject", "*VARIES*", nullptr, translated);
-    apply(*m_field, QStringLiteral("12"));
-    QCOMPARE(m_field->edit().text(), translated);
-    const QSignalSpy changed(m_field, &SimpleLineEdit::valueChanged);
-    m_field->setFocus();
-    m_other->setFocus();
-    QCOMPARE(changed.count(), 0);
-    QCOMPARE(m_field->edit().text(), translated);
-    const auto history = boost::make_shared<zel::ValueHistory>(
-        L"key", boost::make_shared<zel::ValueHistoryMemoryStorage>());
-    m_field->setValueHistory(history);
-    m_field->addCurrentValueToValueHistory();
-    std::deque<std::wstring> values;
-    QCOMPARE(history->get(values), std::size_t(0));
-    // The untranslated text is a text like any other.
-    m_field->setFocus();
-    typeOver(m_field->edit(), marker);
-    m_other->setFocus();
-    QCOMPARE(changed.count(), 1);
-    QVERIFY(!m_field->isValueValid());
 }
 
 void MultiEditLineEditTest::copyOfTheState()

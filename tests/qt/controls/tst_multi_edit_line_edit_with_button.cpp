@@ -1,10 +1,12 @@
 #include "qt/inc/controls.h"
 #include "tests/helpers/active_window.h"
 #include "tests/helpers/checked_test.h"
+#include "tests/helpers/multi_edit_steps.h"
 #include "tests/helpers/number_validator.h"
 #include "tests/helpers/word_translator.h"
 
 #include <QLayout>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QToolButton>
 
@@ -12,19 +14,13 @@
 #include <memory>
 
 using namespace zel::qt;
+using zel::test::answer;
 using zel::test::NumberValidator;
 
 namespace {
 
 using ValueHandler = std::function<void(QWidget*, int, boost::any&)>;
 using ResetFn = std::function<void(int, boost::any&, boost::any&)>;
-
-QString answer(const MultiEditControlBase& control)
-{
-    const boost::any value = control.getCurrentValue();
-    return (control.dataVaries() ? QStringLiteral("varies ") : QStringLiteral("one ")) +
-           (value.empty() ? QStringLiteral("-") : QString::number(boost::any_cast<double>(value)));
-}
 
 } // namespace
 
@@ -39,6 +35,8 @@ private Q_SLOTS:
     void valueHandlerThatLeavesTheValueEmpty();
     void valueHandlerGoesThroughSetValue();
     void emptyHandlerThrows();
+    void handlerMayDeleteTheField_data();
+    void handlerMayDeleteTheField();
 
     void resetButtonStandsBehindTheUnit();
     void tooltipIsTranslated();
@@ -133,7 +131,9 @@ void MultiEditLineEditWithButtonTest::valueHandlerThatLeavesTheValueEmpty()
     MultiEditLineEditWithButton field(new NumberValidator(NumberValidator::EmptyAllowed), 0,
                                       [](QWidget*, int, boost::any&) {});
     field.setValue(1.0);
+    const QSignalSpy changed(&field, &SimpleLineEdit::valueChanged);
     QTest::mouseClick(field.getButton(), Qt::LeftButton);
+    QCOMPARE(changed.count(), 0);
     QCOMPARE(field.edit().text(), QString());
     QCOMPARE(answer(field), QStringLiteral("one -"));
 }
@@ -164,6 +164,46 @@ void MultiEditLineEditWithButtonTest::emptyHandlerThrows()
     filling.setValue(1.0);
     QVERIFY_EXCEPTION_THROWN(filling.getButton()->clicked(), std::bad_function_call);
     QCOMPARE(filling.edit().text(), QStringLiteral("1.000"));
+}
+
+void MultiEditLineEditWithButtonTest::handlerMayDeleteTheField_data()
+{
+    QTest::addColumn<QString>("kind");
+    for (const char* kind : {"plain", "value", "reset"}) {
+        QTest::newRow(kind) << kind;
+    }
+}
+
+void MultiEditLineEditWithButtonTest::handlerMayDeleteTheField()
+{
+    // A dialog that the handler opens lets the host go on, which may take the panel away.
+    QFETCH(QString, kind);
+    QPointer<MultiEditLineEdit> field;
+    int calls = 0;
+    const auto remove = [&] {
+        ++calls;
+        delete field;
+    };
+    if (kind == QLatin1String("plain")) {
+        field = new MultiEditLineEditWithButton(new NumberValidator, 0, [=](int) { remove(); });
+    } else if (kind == QLatin1String("value")) {
+        field = new MultiEditLineEditWithButton(new NumberValidator, 0,
+                                                [=](QWidget*, int, boost::any& value) {
+                                                    remove();
+                                                    value = 1.0;
+                                                });
+    } else {
+        field = new MultiEditLineEditWithResetButton(new NumberValidator, 0,
+                                                     [=](int, boost::any& shown, boost::any&) {
+                                                         remove();
+                                                         shown = 1.0;
+                                                     });
+    }
+    const QSignalSpy changed(field, &SimpleLineEdit::valueChanged);
+    QTest::mouseClick(field->findChild<QToolButton*>(), Qt::LeftButton);
+    QVERIFY(!field);
+    QCOMPARE(calls, 1);
+    QCOMPARE(changed.count(), 0);
 }
 
 void MultiEditLineEditWithButtonTest::resetButtonStandsBehindTheUnit()
@@ -313,7 +353,9 @@ void MultiEditLineEditWithButtonTest::resetToNoValue()
                                                shown = result;
                                            });
     field.setValue(5.0);
-    field.findChild<QToolButton*>()->click();
+    const QSignalSpy changed(&field, &SimpleLineEdit::valueChanged);
+    QTest::mouseClick(field.findChild<QToolButton*>(), Qt::LeftButton);
+    QCOMPARE(changed.count(), 1);
     QCOMPARE(field.edit().text(), QString());
     QCOMPARE(answer(field), QStringLiteral("one -"));
     QVERIFY(field.isValueValid());

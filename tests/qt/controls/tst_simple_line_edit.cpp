@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMetaMethod>
 #include <QPainter>
+#include <QPointer>
 #include <QProxyStyle>
 #include <QPushButton>
 #include <QStyleOptionButton>
@@ -41,6 +42,7 @@ private Q_SLOTS:
     void sizeHints();
     void forwardsToTheEdit();
     void dotsButton();
+    void dotsButtonMayDeleteTheField();
     void focusGoesToTheEdit();
     void paintsAButtonOfNoSize();
 };
@@ -322,13 +324,37 @@ void SimpleLineEditTest::dotsButton()
     QVERIFY(QMetaObject::invokeMethod(m_field, "onClickedButton"));
 }
 
+void SimpleLineEditTest::dotsButtonMayDeleteTheField()
+{
+    QPointer<SimpleLineEdit> field;
+    auto own = std::make_shared<int>();
+    const std::weak_ptr<int> owned = own;
+    long ownersLeft = 0;
+    field = SimpleLineEdit::create(
+        nullptr, QString(), boost::make_shared<NumberValidator>(),
+        [&, own] {
+            // What the function holds has to outlast the field, for as long as it runs.
+            const std::weak_ptr<int>& seen = owned;
+            long& result = ownersLeft;
+            delete field;
+            result = seen.use_count();
+        },
+        0, ExpandRight);
+    own.reset();
+    QTest::mouseClick(field->findChild<QPushButton*>(), Qt::LeftButton);
+    QVERIFY(!field);
+    QCOMPARE(ownersLeft, 1L);
+}
+
 void SimpleLineEditTest::focusGoesToTheEdit()
 {
+    m_edit->setText(QStringLiteral("12"));
     m_other->setFocus();
     QVERIFY(m_other->edit().hasFocus());
-    QFocusEvent in(QEvent::FocusIn);
+    QFocusEvent in(QEvent::FocusIn, Qt::TabFocusReason);
     QApplication::sendEvent(m_field, &in);
     QVERIFY(m_edit->hasFocus());
+    QVERIFY(!m_edit->hasSelectedText()); // as it would be for the reason of the field's own event
     QFocusEvent out(QEvent::FocusOut);
     m_changed->clear();
     QApplication::sendEvent(m_field, &out); // that of the field itself, not of its edit
