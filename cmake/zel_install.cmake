@@ -8,12 +8,18 @@ include(CMakePackageConfigHelpers)
 set(zel_cmake_dir ${CMAKE_INSTALL_LIBDIR}/cmake/zel)
 set(zel_include_dir ${CMAKE_INSTALL_INCLUDEDIR}/zel)
 
-# Below /usr the loader knows where to look; anywhere else the libraries have to find each other.
-if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
-    set(zel_library_rpath "\$ORIGIN")
-    file(RELATIVE_PATH zel_bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
-    set(zel_program_rpath "\$ORIGIN/${zel_bin_to_lib}")
-endif()
+# The libraries and programs of an installation find each other wherever it stands. Below /usr, the
+# prefix of packages, the loader knows where to look and a path of one's own is not wanted; where an
+# installation goes is known only when it is made.
+file(RELATIVE_PATH zel_bin_to_lib ${CMAKE_INSTALL_FULL_BINDIR} ${CMAKE_INSTALL_FULL_LIBDIR})
+set(zel_library_rpath "\$ORIGIN")
+set(zel_program_rpath "\$ORIGIN/${zel_bin_to_lib}")
+function(zel_install_without_rpath component file)
+    install(CODE "if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
+            file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}/usr/${file}\")
+        endif()"
+        COMPONENT ${component})
+endfunction()
 
 # Installs the library TARGET of the package's component NAME, and its headers, which keep their
 # paths from the root. Each component has a file of exported targets of its own, so that whoever
@@ -25,6 +31,7 @@ function(zel_install_library target name)
             COMPONENT runtime NAMELINK_COMPONENT development
         ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT development
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT runtime)
+    zel_install_without_rpath(runtime ${CMAKE_INSTALL_LIBDIR}/$<TARGET_FILE_NAME:${target}>)
     install(EXPORT zel-${name}-targets
         FILE zel-${name}-targets.cmake NAMESPACE zel::
         DESTINATION ${zel_cmake_dir} COMPONENT development)
@@ -70,6 +77,7 @@ install(FILES ${PROJECT_BINARY_DIR}/zel-config.cmake ${PROJECT_BINARY_DIR}/zel-c
 if(TARGET frame_editor)
     set_target_properties(frame_editor PROPERTIES INSTALL_RPATH "${zel_program_rpath}")
     install(TARGETS frame_editor RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT example)
+    zel_install_without_rpath(example ${CMAKE_INSTALL_BINDIR}/frame_editor)
     install(CODE "set(zel_bin \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
         file(RENAME \"\${zel_bin}/frame_editor\" \"\${zel_bin}/zel-frame-editor\")"
         COMPONENT example)
@@ -79,6 +87,6 @@ if(TARGET frame_editor)
         DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT example)
 endif()
 
-if(PROJECT_IS_TOP_LEVEL AND CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+if(PROJECT_IS_TOP_LEVEL)
     include(cmake/zel_packages.cmake)
 endif()

@@ -1,4 +1,5 @@
-# Debian packages, made by cpack in a build tree whose prefix is /usr; see scripts/package.
+# Debian packages, made by cpack; see scripts/package. Its build tree has the prefix /usr, so that the
+# libraries go where Debian has those of the machine.
 
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME zel)
@@ -7,7 +8,7 @@ set(CPACK_PACKAGE_CONTACT "the zel authors <zel@zel.example.org>")
 # Each package has a summary of its own.
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "")
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
-set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
+set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_VERBATIM_VARIABLES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
