@@ -75,8 +75,13 @@ struct Discard
 /// ZEL_SMART_ASSERT(min < max, "min < max").value("min", min).value("max", max);
 #define ZEL_SMART_ASSERT(condition, expression) ZEL_SMART_ASSERT_AT(condition, expression, __FILE__)
 
+// One expression without parentheses, since values and a message are appended to it.
+// NOLINTBEGIN(bugprone-macro-parentheses)
+
 /// The same for a template in a header, whose __FILE__ would depend on who includes it.
 #define ZEL_SMART_ASSERT_AT(condition, expression, file)                                           \
     (condition) ? static_cast<void>(0)                                                             \
                 : ::zel::smartassert::detail::Discard() &                                          \
                       ::zel::smartassert::SmartAssert((expression), (file), __LINE__)
+
+// NOLINTEND(bugprone-macro-parentheses)

@@ -4,7 +4,8 @@
 
 namespace zel::qt {
 
-/// The varying-value protocol without a widget, for a value that has no editor of its own.
+/// The varying-value protocol without a widget, for a value that has no editor of its own. Unlike
+/// its base it may be deleted, and derived classes too, through a pointer to it.
 class ZEL_QT_EXPORT MultiEditValue : public MultiEditControlBase
 {
 public:
@@ -12,7 +13,7 @@ public:
     ///        dataVaries() as it stands, so it has to return true when the two values differ.
     ///        Null reports the assertion "fn" and throws std::invalid_argument("fn").
     explicit MultiEditValue(bool (*equalFn)(const boost::any&, const boost::any&));
-    ~MultiEditValue();
+    virtual ~MultiEditValue();
 
     void reset() override;
     void readValue(const boost::any& value) override;

@@ -2,6 +2,7 @@
 #include "tests/helpers/checked_test.h"
 
 #include <stdexcept>
+#include <type_traits>
 
 using namespace zel::qt;
 
@@ -9,6 +10,7 @@ class MultiEditValueTest : public zel::test::CheckedTest
 {
     Q_OBJECT
 private Q_SLOTS:
+    void isDeletedAsItself();
     void isFresh();
     void nullComparisonThrows();
     void stateTable_data();
@@ -66,6 +68,13 @@ void apply(MultiEditValue& value, const QString& steps)
 }
 
 } // namespace
+
+void MultiEditValueTest::isDeletedAsItself()
+{
+    // Whoever gets one from the callback editor deletes it, and need not know what derives from it.
+    QVERIFY(std::has_virtual_destructor_v<MultiEditValue>);
+    QVERIFY(!std::has_virtual_destructor_v<MultiEditControlBase>);
+}
 
 void MultiEditValueTest::isFresh()
 {
