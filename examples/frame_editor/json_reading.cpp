@@ -9,16 +9,18 @@ namespace frame_editor {
 
 namespace {
 
+/// "model.json:12:20: "
+QString at(const QString& fileName, const JsonPlace& place)
+{
+    return fileName + QStringLiteral(":%1:%2: ").arg(place.line).arg(place.column);
+}
+
 JsonValue parsed(const QByteArray& text, const QString& fileName)
 {
     try {
         return parseJson(text);
     } catch (const JsonError& error) {
-        throw FileError(QStringLiteral("%1:%2:%3: %4")
-                            .arg(fileName)
-                            .arg(error.place().line)
-                            .arg(error.place().column)
-                            .arg(QString::fromUtf8(error.what())));
+        throw FileError(at(fileName, error.place()) + QString::fromUtf8(error.what()));
     }
 }
 
@@ -42,11 +44,7 @@ void JsonReading::fail(const QString& message) const
 
 void JsonReading::failInside(const QString& path, const QString& message) const
 {
-    throw FileError(QStringLiteral("%1:%2:%3: %4: %5")
-                        .arg(m_fileName)
-                        .arg(m_value.place.line)
-                        .arg(m_value.place.column)
-                        .arg(m_path + path, message));
+    throw FileError(at(m_fileName, m_value.place) + m_path + path + QStringLiteral(": ") + message);
 }
 
 void JsonReading::need(JsonValue::Type type) const

@@ -1,8 +1,11 @@
 #include "examples/frame_editor/json_value.h"
 
+#include "examples/frame_editor/file_error.h"
+
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QObject>
+#include <QSet>
 #include <QTextCodec>
 
 #include <charconv>
@@ -50,6 +53,12 @@ private:
     QChar peek() const
     {
         return atEnd() ? QChar() : m_text.at(m_pos);
+    }
+
+    /// The character here, whole if it takes two.
+    QString character() const
+    {
+        return m_text.mid(m_pos, peek().isHighSurrogate() ? 2 : 1);
     }
 
     void advance()
@@ -117,6 +126,7 @@ private:
             advance();
             return;
         }
+        QSet<QString> names;
         for (;;) {
             skipBlanks();
             const JsonPlace start = m_place;
@@ -124,10 +134,11 @@ private:
                 fail(QObject::tr("a name in quotes is needed here"));
             }
             const QString name = parseString();
-            if (value.find(name)) {
+            if (names.contains(name)) {
                 throw JsonError(
                     start, QObject::tr("the name \"%1\" stands twice in one object").arg(name));
             }
+            names.insert(name);
             skipBlanks();
             expect(':');
             skipBlanks();
@@ -175,7 +186,7 @@ private:
             value.boolean = word == QLatin1String("true");
         } else if (word != QLatin1String("null")) {
             throw JsonError(start, word.isEmpty()
-                                       ? QObject::tr("no value begins with \"%1\"").arg(peek())
+                                       ? QObject::tr("no value begins with \"%1\"").arg(character())
                                        : QObject::tr("\"%1\" is no JSON value").arg(word));
         }
     }
@@ -305,7 +316,7 @@ JsonPlace placeOfBadByte(const QByteArray& bytes, QTextCodec& codec)
 } // namespace
 
 JsonError::JsonError(JsonPlace place, const QString& message)
-    : std::runtime_error(message.toStdString())
+    : std::runtime_error(onOneLine(message).toStdString())
     , m_place(place)
 {}
 

@@ -17,7 +17,7 @@ struct JsonPlace
     int column = 1;
 };
 
-/// A text that is no JSON, with the place where reading stopped.
+/// A text that is no JSON, with the place where reading stopped. The message is one line.
 class JsonError : public std::runtime_error
 {
 public:

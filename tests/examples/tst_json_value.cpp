@@ -16,6 +16,7 @@ private Q_SLOTS:
     void texts();
     void structure();
     void places();
+    void manyNames();
     void refused_data();
     void refused();
 };
@@ -96,6 +97,26 @@ void TestJsonValue::places()
     QCOMPARE(value.find(QStringLiteral("b"))->items.at(1).place.column, 1);
 }
 
+void TestJsonValue::manyNames()
+{
+    // Each is looked for among those before it: in a time that grew with the square of their number
+    // this would not end.
+    constexpr int count = 700'000;
+    QByteArray text = "{";
+    for (int i = 0; i < count; ++i) {
+        text += "\"" + QByteArray::number(i) + "\":0,";
+    }
+    text.chop(1);
+    QCOMPARE(parseJson(text + "}").members.size(), std::size_t(count));
+    try {
+        parseJson(text + ",\"7\":0}");
+        QFAIL("a name stands twice");
+    } catch (const JsonError& error) {
+        QCOMPARE(QString::fromUtf8(error.what()),
+                 QStringLiteral("the name \"7\" stands twice in one object"));
+    }
+}
+
 void TestJsonValue::refused_data()
 {
     QTest::addColumn<QByteArray>("text");
@@ -130,6 +151,11 @@ void TestJsonValue::refused_data()
     row("short escape", R"("\u12")", 1, 2, "an unknown escape inside a text");
     row("signed escape", R"("\u+123")", 1, 2, "an unknown escape inside a text");
     row("half a pair", R"("\ud83c")", 1, 1, "half a surrogate pair inside a text");
+    row("character outside the basic plane", "[\xf0\x9f\x8f\x97]", 1, 2,
+        "no value begins with \"\U0001F3D7\"");
+    row("zero character", QByteArray("[\0]", 3), 1, 2, "no value begins with \"\ufffd\"");
+    row("name with a line end twice", R"({"a\n\u0000b": 1, "a\n\u0000b": 2})", 1, 19,
+        "the name \"a\ufffd\ufffdb\" stands twice in one object");
     row("two values", "{} {}", 1, 4, "text behind the end of the JSON value");
     row("not UTF-8", "{\n\"a\": \"\xff\"}", 2, 7, "bytes that are not UTF-8");
     row("cut UTF-8", "\"a\xc3", 1, 3, "bytes that are not UTF-8");

@@ -78,6 +78,7 @@ private Q_SLOTS:
     void textsRoundTrip();
     void refused_data();
     void refused();
+    void nameWithAPercentSign();
     void missingFile();
     void savedFile();
     void folderThatIsNoFolder();
@@ -280,6 +281,8 @@ void TestModelFile::refused_data()
         "m.json:16:5: $.members[0]: the key \"thickness\" is missing");
     row("unknown key of a member", "\"thickness\": 0,", "\"thickness\": 0, \"colour\": 1,",
         "m.json:29:33: $.members[0].colour: the format has no key \"colour\" here");
+    row("key with a line end", "\"title\"", R"("a\n\u2028b": 3, "title")",
+        "m.json:4:17: $.a\ufffd\ufffdb: the format has no key \"a\ufffd\ufffdb\" here");
     row("key twice", "\"moment\": 0,", "\"moment\": 0, \"moment\": 5,",
         "m.json:26:20: the name \"moment\" stands twice in one object");
 }
@@ -298,6 +301,17 @@ void TestModelFile::refused()
         QFAIL("the model was accepted");
     } catch (const FileError& error) {
         QCOMPARE(error.message(), message);
+    }
+}
+
+void TestModelFile::nameWithAPercentSign()
+{
+    try {
+        readModel("{}", QStringLiteral("50%1 %2%3%4%5.json"));
+        QFAIL("the model was accepted");
+    } catch (const FileError& error) {
+        QCOMPARE(error.message(), QStringLiteral("50%1 %2%3%4%5.json:1:1: $: the key \"format\" is "
+                                                 "missing"));
     }
 }
 
