@@ -155,7 +155,10 @@ void ParserTest::labelsOfAHostAreNeverStale()
     QCOMPARE(quantityText(parser.parse(L"2 ell", m_locale)), QStringLiteral("2 of 7"));
     QCOMPARE(quantityText(parser.parse(L"2 elle", m_locale)), QStringLiteral("2 of 7"));
     QCOMPARE(quantityText(parser.parse(L"2 m", m_locale)), QStringLiteral("none"));
+    const auto written = [&] { return parser.format({UnitId(7), 2.0}, m_locale).substr(6); };
+    QCOMPARE(written(), std::wstring(L"ell"));
     units.units[7] = {"span", {}};
+    QCOMPARE(written(), std::wstring(L"span"));
     QCOMPARE(quantityText(parser.parse(L"2 ell", m_locale)), QStringLiteral("none"));
     QCOMPARE(quantityText(parser.parse(L"2 span", m_locale)), QStringLiteral("2 of 7"));
     units.ids.clear();

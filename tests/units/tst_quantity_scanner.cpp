@@ -6,7 +6,6 @@
 #include "units/inc/units.h"
 
 #include <array>
-#include <limits>
 #include <random>
 #include <regex>
 #include <string>
@@ -265,8 +264,6 @@ private Q_SLOTS:
     void generatedTextsWithFurtherBlanks();
     void characterClasses_data();
     void characterClasses();
-    void longTexts_data();
-    void longTexts();
 
 private:
     /// What differs between library and definition for the text; empty if nothing does.
@@ -403,93 +400,6 @@ void QuantityScannerTest::characterClasses()
         }
     }
     QVERIFY2(differences.isEmpty(), qPrintable(differences));
-}
-
-void QuantityScannerTest::longTexts_data()
-{
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<QString>("repeated");
-    QTest::addColumn<QString>("after");
-    QTest::addColumn<QString>("quantity");
-    QTest::addColumn<QString>("length");
-    const QString none = QStringLiteral("none");
-    const QString largest = numberText(std::numeric_limits<double>::max());
-    const auto row = [](const char* tag, const char* before, const char* repeated,
-                        const char* after, const QString& quantity, const QString& length) {
-        QTest::newRow(tag) << before << repeated << after << quantity << length;
-    };
-    row("blanks", "", " ", "", none, none);
-    row("blanks before", "", " ", "2.5 m", "2.5 of 13", none);
-    row("blanks between", "2.5", " ", "m", "2.5 of 13", none);
-    row("blanks behind a number", "2.5", " ", "", "2.5 of 1", none);
-    row("blanks behind a unit", "2.5 m", " ", "", none, none);
-    row("blanks in a mixed fraction", "1", " ", "3/4", "1.75 of 1", none);
-    row("blanks in a unit", "1 kg", " ", "/sec", none, none);
-    row("blanks around feet and inches", "5'", " ", "6''", none, "5.5 of 213");
-    row("blanks behind inches", "5'6''", " ", "", none, "5.5 of 213");
-    row("line ends", "5'", "\n", "6''", none, none);
-    row("nines", "", "9", "", largest + " of 1", none);
-    row("nines of a unit", "", "9", "m", largest + " of 13", none);
-    row("negative nines", "-", "9", " m", '-' + largest + " of 13", none);
-    row("leading zeros", "", "0", "5 m", "5 of 13", none);
-    row("small", "0.", "0", "1 m", "0 of 13", none);
-    row("digits behind the point", "0.5", "0", "1 m", "0.5 of 13", none);
-    row("large exponent", "1e", "9", " m", largest + " of 13", none);
-    row("small exponent", "1e-", "9", " m", "0 of 13", none);
-    row("exponent with leading zeros", "1e", "0", "3 m", "1000 of 13", none);
-    row("exponent that is not read", ".5e", "9", " m", "0.5 of 13", none);
-    row("large numerator", "", "9", "/2",
-        numberText(std::numeric_limits<double>::max() / 2) + " of 1", none);
-    row("long denominator", "3/", "0", "4", "0.75 of 1", none);
-    row("long whole part", "", "0", "1 3/4 in", "1.75 of 214", none);
-    row("reciprocal behind digits", "", "0", "51/m", "5 of 17", none);
-    row("ones before a slash", "", "1", "/m", largest + " of 17", none);
-    row("points", "", ".", "", "0 of 1", none);
-    row("commas", "", ",", " m", "0 of 13", none);
-    row("minus signs", "", "-", "", none, none);
-    row("minus signs behind a number", "5 ", "-", "", none, none);
-    row("slashes", "", "/", "", none, none);
-    row("slashes behind a number", "5 m", "/", "", none, none);
-    row("parts", "5 m", "/m", "", none, none);
-    row("fractions", "1", "/1", "", none, none);
-    row("letters", "", "m", "", none, none);
-    row("long label", "5 ", "m", "", none, none);
-    row("long part", "5 kg/", "s", "", none, none);
-    row("letters e", "5", "e", "", none, none);
-    row("exponents", "5", "e5", "", none, none);
-    row("signs of inches", "", "'", "", none, "0 of 213");
-    row("signs of feet", "5", "'", "6''", none, "5.5 of 213");
-    row("words of feet", "5 ", "ft ", "6 in", none, "5.5 of 213");
-    row("words of inches", "5 ft ", "in", "", none, "5 of 213");
-    row("long feet", "", "0", "5' 6''", none, "5.5 of 213");
-    row("long inches", "5 ft ", "0", "6 in", none, "5.5 of 213");
-    row("digits and blanks", "", "1 ", "", none, none);
-    row("numbers and units", "", "5 m ", "", none, none);
-    row("characters outside the basic plane", "5 ", "\xf0\x9d\x9f\x93", "", none, none);
-    row("no-break blanks", "5", "\xc2\xa0", "m", none, none);
-    row("replacement characters", "", "\xef\xbf\xbd", "", none, none);
-}
-
-void QuantityScannerTest::longTexts()
-{
-    QFETCH(QString, before);
-    QFETCH(QString, repeated);
-    QFETCH(QString, after);
-    QFETCH(QString, quantity);
-    QFETCH(QString, length);
-    // As many as a line edit takes, and some more than anyone would paste.
-    for (const std::size_t size : {std::size_t(32'767), std::size_t(1'048'576)}) {
-        std::wstring text = before.toStdWString();
-        const std::wstring piece = repeated.toStdWString();
-        const std::wstring end = after.toStdWString();
-        while (text.size() + piece.size() + end.size() <= size) {
-            text += piece;
-        }
-        text += end;
-        QCOMPARE(quantityText(m_parser.parse(text, m_locale)), quantity);
-        QCOMPARE(quantityText(m_feetParser.parse(text, m_locale)), length);
-        QCOMPARE(quantityText(m_inchParser.parse(text, m_locale)), QStringLiteral("none"));
-    }
 }
 
 QTEST_GUILESS_MAIN(QuantityScannerTest)
