@@ -1,6 +1,7 @@
 // What rulers and a cross hair cost in an editor view, beside a plain view with the same items and
 // the same background.
 
+#include "benchmarks/report.h"
 #include "qt/inc/editor2d.h"
 #include "qt/inc/graphics.h"
 
@@ -131,8 +132,17 @@ BENCHMARK(moveMouseWithCrossHair)->Unit(benchmark::kMillisecond);
 int main(int argc, char* argv[])
 {
     QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
+    const zel::bench::Report report(argc, argv);
+    const auto row = [&report](const char* what, const char* plain, const char* editor) {
+        const double before = report.seconds(plain);
+        const double after = report.seconds(editor);
+        return std::vector<std::string>{what, report.time(before), report.time(after),
+                                        report.number(after / before), "1.2"};
+    };
+    report.print({{"What", "Plain view", "`EditorView`", "Ratio", "Bound"},
+                  row("Repaint, with both rulers", "repaintPlain", "repaintWithRulers"),
+                  row("Move of the mouse and the repaint that follows, with both rulers and the "
+                      "cross hair",
+                      "moveMousePlain", "moveMouseWithCrossHair")});
+    return report.status();
 }

@@ -1,6 +1,7 @@
 // What a selection costs: reading many values into one unit field, and building a form of 200
 // editors from hints. Beside each stands what it is made of.
 
+#include "benchmarks/report.h"
 #include "qt/inc/controls.h"
 #include "qt/inc/factories.h"
 #include "qt/inc/validators.h"
@@ -174,7 +175,21 @@ BENCHMARK(buildPlainLineEdits)->Unit(benchmark::kMillisecond);
 int main(int argc, char** argv)
 {
     const QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    const zel::bench::Report report(argc, argv);
+    const double read = report.seconds("readSelection") / valueCount;
+    const double reformat = report.seconds("reformatValues") / valueCount;
+    const double format = report.seconds("formatQuantities") / valueCount;
+    const auto row = [&](const char* what, const char* name) {
+        return std::vector<std::string>{what, report.time(report.seconds(name) / editorCount)};
+    };
+    report.print({{"What", "Time"},
+                  {"`readValue`, a value", report.time(read)},
+                  {"of that formatting in the units library", report.time(format)},
+                  {"of that making the `QString`", report.time(reformat - format)},
+                  {"of that comparing", report.time(read - reformat)},
+                  row("`createEditorFromHints`, an editor", "buildForm"),
+                  row("of that the line edit", "buildLineEdits"),
+                  row("of that the validator with its context", "buildValidators"),
+                  row("a plain `QLineEdit`", "buildPlainLineEdits")});
+    return report.status();
 }

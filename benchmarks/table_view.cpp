@@ -3,6 +3,8 @@
 // model, and the validator for the texts, in the same way, with the same view looking on.
 
 #include "qt/inc/table_view.h"
+
+#include "benchmarks/report.h"
 #include "qt/inc/delegates/roles.h"
 #include "qt/inc/integer_validator.h"
 
@@ -276,7 +278,38 @@ BENCHMARK(clearPlainLoop)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond
 int main(int argc, char** argv)
 {
     const QApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
+    const zel::bench::Report report(argc, argv);
+    using Row = std::vector<std::string>;
+    const auto row = [&report](const char* what, const char* keys, const char* model,
+                               const char* modelAndValidator, int cells) {
+        const std::string size = "/" + std::to_string(cells);
+        const double time = report.seconds(keys + size);
+        const double alone = report.seconds(model + size);
+        Row cell{what,
+                 std::to_string(cells),
+                 report.time(time),
+                 report.time(alone),
+                 report.number(time / alone),
+                 "",
+                 "",
+                 "2"};
+        if (modelAndValidator != nullptr) {
+            const double both = report.seconds(modelAndValidator + size);
+            cell[5] = report.time(both);
+            cell[6] = report.number(time / both);
+        }
+        return cell;
+    };
+    report.print(
+        {{"What", "Cells", "Time", "Model alone", "Ratio", "Model and validator", "Ratio", "Bound"},
+         row("Copy", "copy", "readPlainLoop", "copyPlainLoop", 100000),
+         row("Copy", "copy", "readPlainLoop", "copyPlainLoop", 1000000),
+         row("Paste of a block", "pasteBlock", "writePlainLoop", "pastePlainLoop", 10000),
+         row("Paste of a block", "pasteBlock", "writePlainLoop", "pastePlainLoop", 100000),
+         row("Paste of one value into all cells", "pasteValue", "writePlainLoop", "pastePlainLoop",
+             100000),
+         row("Clear", "clear", "clearPlainLoop", nullptr, 100000)});
+    std::printf("Of a copy of 1000000 cells, listing the selected ones: %s\n",
+                report.time(report.seconds("listSelection/1000000")).c_str());
+    return report.status();
 }

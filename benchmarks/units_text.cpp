@@ -1,6 +1,7 @@
 // Text of quantities: parsing and formatting through a context, beside the expressions and streams
 // that define them and beside QLocale with the bare number.
 
+#include "benchmarks/report.h"
 #include "tests/units/reference/expression_parser.h"
 #include "tests/units/reference/stream_formatter.h"
 #include "units/inc/units.h"
@@ -10,6 +11,8 @@
 #include <QLocale>
 #include <QString>
 
+#include <algorithm>
+#include <chrono>
 #include <string>
 #include <vector>
 
@@ -104,6 +107,40 @@ void parseQuantityByDefinition(benchmark::State& state)
     countItems(state, typedTexts().size());
 }
 
+/// One piece, repeated: what makes a matcher try again and again.
+const std::vector<std::wstring>& repeatedPieces()
+{
+    static const std::vector<std::wstring> pieces = {
+        L" ", L"9", L"m", L".", L"/", L"'", L"-", L"e5", L"1 ", L"1/1 ", L"ft ", L"\u00a0"};
+    return pieces;
+}
+
+/// The slowest of the texts that are one piece, repeated: 32,767 characters are what a line edit
+/// takes, and a megabyte is more than anyone pastes into a cell.
+void parseRepeated(benchmark::State& state)
+{
+    const Context context(0);
+    const auto size = static_cast<std::size_t>(state.range(0));
+    std::vector<std::wstring> texts;
+    for (const std::wstring& piece : repeatedPieces()) {
+        std::wstring text;
+        while (text.size() + piece.size() <= size) {
+            text += piece;
+        }
+        texts.push_back(text);
+    }
+    for (auto _ : state) {
+        double slowest = 0.0;
+        for (const std::wstring& text : texts) {
+            const auto start = std::chrono::steady_clock::now();
+            benchmark::DoNotOptimize(context.parse(text, UnitId(1001), std::locale::classic()));
+            const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
+            slowest = std::max(slowest, taken.count());
+        }
+        state.SetIterationTime(slowest);
+    }
+}
+
 void formatNumberWithQLocale(benchmark::State& state)
 {
     const QLocale locale = QLocale::c();
@@ -141,10 +178,59 @@ void formatQuantityByDefinition(benchmark::State& state)
 BENCHMARK(parseNumberWithQLocale);
 BENCHMARK(parseQuantity);
 BENCHMARK(parseQuantityByDefinition);
+BENCHMARK(parseRepeated)
+    ->ArgName("characters")
+    ->Arg(32'767)
+    ->Arg(1'048'576)
+    ->UseManualTime()
+    ->Unit(benchmark::kMicrosecond);
 BENCHMARK(formatNumberWithQLocale);
 BENCHMARK(formatQuantity)->ArgName("notation")->DenseRange(0, 2);
 BENCHMARK(formatQuantityByDefinition)->ArgName("notation")->DenseRange(0, 2);
 
 } // namespace
 
-BENCHMARK_MAIN();
+int main(int argc, char** argv)
+{
+    const zel::bench::Report report(argc, argv);
+    const auto texts = static_cast<double>(typedTexts().size());
+    const auto values = static_cast<double>(shownValues().size());
+    const double number = report.seconds("parseNumberWithQLocale") / texts;
+    const double definition = report.seconds("parseQuantityByDefinition") / texts;
+    const double library = report.seconds("parseQuantity") / texts;
+    const double shownNumber = report.seconds("formatNumberWithQLocale") / values;
+    const auto formatted = [&](const char* who, int notation) {
+        return report.seconds(who + ("/notation:" + std::to_string(notation))) / values;
+    };
+    const double fixed = formatted("formatQuantity", 0);
+    const auto formatRow = [&](const char* what, int notation) {
+        return std::vector<std::string>{
+            what,
+            "",
+            report.time(formatted("formatQuantityByDefinition", notation)),
+            report.time(formatted("formatQuantity", notation)),
+            "",
+            ""};
+    };
+    report.print(
+        {{"What", "`QLocale`, number only", "Definition", "Library", "Library beside", "Bound"},
+         {"Parse", report.time(number), report.time(definition), report.time(library),
+          report.number(library / number) + " times `QLocale`, " +
+              report.number(definition / library) + " times faster than the definition",
+          "8; 500"},
+         {"Format, fixed", report.time(shownNumber),
+          report.time(formatted("formatQuantityByDefinition", 0)), report.time(fixed),
+          report.number(fixed / shownNumber) + " times `QLocale`", "3"},
+         formatRow("Format, scientific", 1),
+         formatRow("Format, fractional", 2)});
+    const auto longRow = [&](const char* characters, const char* bound) {
+        return std::vector<std::string>{
+            characters,
+            report.time(report.seconds(std::string("parseRepeated/characters:") + characters)),
+            bound};
+    };
+    report.print({{"Characters", "Slowest text", "Bound"},
+                  longRow("32767", "1 ms"),
+                  longRow("1048576", "")});
+    return report.status();
+}
