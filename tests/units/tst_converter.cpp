@@ -164,9 +164,10 @@ void ConverterTest::multipliesByTheReciprocal()
 void ConverterTest::fromBaseDivides()
 {
     const volatile double foot = 0.3048;
-    const IConverter::quantity q = m_converter.from_base(1.0, UnitId(213));
+    const IConverter::quantity q = m_converter.from_base(5.0, UnitId(213));
     QCOMPARE(int(q.unit_id), 213);
-    QVERIFY(q.value == 1.0 / foot);
+    QVERIFY(q.value == 5.0 / foot);
+    QVERIFY(q.value != 5.0 * (1.0 / foot));
     QVERIFY(m_converter.to_base({UnitId(213), 2.0}) == foot * 2.0);
     QVERIFY(m_converter.to_base({UnitId(1001), 5.0}) == 5.0);
 }

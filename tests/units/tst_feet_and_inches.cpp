@@ -1,9 +1,13 @@
 #include "tests/helpers/checked_test.h"
 #include "tests/helpers/data_file.h"
+#include "tests/helpers/sanitized.h"
 #include "tests/helpers/scoped_global_locale.h"
+#include "tests/units/reference/stream_formatter.h"
 #include "units/inc/units.h"
 
+#include <cmath>
 #include <limits>
+#include <random>
 
 using namespace zel::units::v1;
 using zel::test::CommaNumbers;
@@ -25,6 +29,7 @@ private Q_SLOTS:
     void otherQuantitiesAreReported_data();
     void otherQuantitiesAreReported();
     void negativeDecimalsCountAsFour();
+    void lengthsAreWrittenAsDefined();
     void hugeLengthsAreNotWrapped();
     void wholeSixteenthsComeBack();
 
@@ -45,6 +50,12 @@ private:
 };
 
 namespace {
+
+#ifdef ZEL_TEST_SANITIZED
+constexpr int lengthCount = 10'000;
+#else
+constexpr int lengthCount = 200'000;
+#endif
 
 QString quantityText(const boost::optional<IConverter::quantity>& q)
 {
@@ -234,17 +245,45 @@ void FeetAndInchesTest::negativeDecimalsCountAsFour()
 {
     const Context context = contextWithDenominator(-1);
     const QStringList reported = {QStringLiteral("precision >= 0")};
-    QCOMPARE(context.format({UnitId(213), 5.0 + 0.3 / 12}, m_locale), std::wstring(L"5' 1/4 ''"));
+    // 0.35 is another fraction in halves, thirds, fifths and eighths.
+    QCOMPARE(context.format({UnitId(213), 5.0 + 0.35 / 12}, m_locale), std::wstring(L"5' 1/4 ''"));
     std::vector<zel::smartassert::Report> reports = takeReports();
     QCOMPARE(reports.size(), std::size_t(1));
     QCOMPARE(reports[0].expression, std::string("precision >= 0"));
     QCOMPARE(reports[0].file,
              std::string("units/src/formatting/feet_and_fractional_inches_parser.cpp"));
-    QCOMPARE(context.format({UnitId(214), 6.3}, m_locale), std::wstring(L"6 1/4 ''"));
+    QCOMPARE(context.format({UnitId(214), 6.35}, m_locale), std::wstring(L"6 1/4 ''"));
     reports = takeReports();
     QCOMPARE(reports.size(), std::size_t(1));
     QCOMPARE(reports[0].expression, std::string("precision >= 0"));
     QCOMPARE(reports[0].file, std::string("units/src/formatting/fractional_inches_parser.cpp"));
+}
+
+/// Above all where the last bit decides between two fractions.
+void FeetAndInchesTest::lengthsAreWrittenAsDefined()
+{
+    std::mt19937 random(std::random_device{}());
+    const auto below = [&random](int limit) {
+        return static_cast<int>(random() % unsigned(limit));
+    };
+    for (int i = 0; i < lengthCount; ++i) {
+        const int denominator = below(4) == 0 ? 1 + below(1000) : 1 << below(9);
+        const Context context = contextWithDenominator(denominator);
+        const UnitId id = UnitId(below(2) == 0 ? 213 : 214);
+        double value = (below(2'000'000) - 1'000'000) / (24.0 * denominator);
+        if (below(3) == 0) {
+            value = std::nextafter(value, below(2) == 0 ? -1e9 : 1e9);
+        }
+        const std::wstring text = context.format({id, value}, m_locale);
+        const std::wstring expected =
+            zel::test::reference::quantityText(context, {id, value}, m_locale);
+        QVERIFY2(text == expected, qPrintable(QStringLiteral("%1 of %2 in 1/%3 gives %4, not %5")
+                                                  .arg(numberText(value))
+                                                  .arg(int(id))
+                                                  .arg(denominator)
+                                                  .arg(QString::fromStdWString(text),
+                                                       QString::fromStdWString(expected))));
+    }
 }
 
 void FeetAndInchesTest::hugeLengthsAreNotWrapped()

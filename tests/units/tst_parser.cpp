@@ -183,6 +183,7 @@ void ParserTest::labelsOfAHostKeepTheirOrder()
     QCOMPARE(meant(L"1 O/OO"), QStringLiteral("1 of 9"));
     QCOMPARE(meant(L"1 %"), QStringLiteral("1 of 8"));
     QCOMPARE(meant(L"1 O/O"), QStringLiteral("1 of 8"));
+    QCOMPARE(meant(L"1 o/o"), QStringLiteral("1 of 8"));
     QCOMPARE(meant(L"1 y"), QStringLiteral("1 of 3"));
     QCOMPARE(meant(L"1 z"), QStringLiteral("none"));
 }

@@ -148,6 +148,10 @@ void UnitsetFormatProviderTest::columnOutside()
     QCOMPARE(takeExpressions(),
              (QStringList{columnAssertion, columnAssertion, columnAssertion, columnAssertion}));
 
+    // The ids of plain units end at 999.
+    QVERIFY(!format.has_format(UnitId(1000)));
+    QCOMPARE(takeExpressions(), QStringList{columnAssertion});
+
     // The plain units have no columns; the id 0 has, and falls back to itself.
     QCOMPARE(shown(format, UnitId(13)), QStringLiteral("13 3 0 absent"));
     QCOMPARE(takeExpressions(), QStringList());
