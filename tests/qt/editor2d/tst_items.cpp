@@ -420,10 +420,15 @@ void ItemsTest::gripGrowsBeyondItsBounds()
 void ItemsTest::gripColours_data()
 {
     QTest::addColumn<bool>("selected");
+    QTest::addColumn<double>("scale");
     QTest::addColumn<QColor>("upper");
     QTest::addColumn<QColor>("lower");
-    QTest::newRow("plain") << false << QColor(255, 0, 0) << QColor(128, 0, 0);
-    QTest::newRow("selected") << true << QColor(255, 230, 230) << QColor(255, 51, 51);
+    for (const double scale : {0.1, 1.0, 30.0}) {
+        QTest::addRow("plain at %g", scale)
+            << false << scale << QColor(255, 0, 0) << QColor(128, 0, 0);
+        QTest::addRow("selected at %g", scale)
+            << true << scale << QColor(255, 230, 230) << QColor(255, 51, 51);
+    }
 }
 
 void ItemsTest::gripColours()
@@ -432,9 +437,13 @@ void ItemsTest::gripColours()
     QFETCH(QColor, upper);
     QFETCH(QColor, lower);
     // Large enough for the gradient to be told pixel by pixel.
+    QFETCH(double, scale);
     Scene<GripItem> scene;
     scene.item->m_size = 200;
     scene.item->setSelected(selected);
+    scene.view.scene()->setSceneRect(-1e6, -1e6, 2e6, 2e6);
+    scene.view.scale(scale, scale);
+    scene.view.setCenter(QPointF(200, 150), false);
     for (const int y : {-98, -50, -1}) {
         for (const int x : {-10, 0, 10}) {
             QVERIFY(isNearly(scene.colour(x, y), upper));

@@ -64,6 +64,7 @@ public:
 
     int presses = 0;
     int releases = 0;
+    int moves = 0;
     int dragMoves = 0;
 
 protected:
@@ -71,6 +72,10 @@ protected:
     {
         ++presses;
         event->accept();
+    }
+    void mouseMoveEvent(QGraphicsSceneMouseEvent*) override
+    {
+        ++moves;
     }
     void mouseReleaseEvent(QGraphicsSceneMouseEvent*) override
     {
@@ -80,6 +85,17 @@ protected:
     {
         ++dragMoves;
     }
+};
+
+/// Opens what Qt calls.
+struct OpenView : EditorView
+{
+    using EditorView::focusInEvent;
+    using EditorView::focusOutEvent;
+    using EditorView::mouseMoveEvent;
+    using EditorView::mousePressEvent;
+    using EditorView::mouseReleaseEvent;
+    using EditorView::wheelEvent;
 };
 
 double scaleX(const QGraphicsView& view)
@@ -121,11 +137,15 @@ private Q_SLOTS:
 
     void rightButtonPans();
     void panStopsAtTheSceneRect();
+    void panTakesItsEvents();
+    void panRepaintsWhatIsSeen();
+    void panInAFrame();
     void panWaitsWhileTheMouseIsOutside();
     void otherButtonsDuringAPan();
     void disabledPanningReachesTheScene();
     void panningMayBeDisabledDuringAPan();
     void otherButtonsReachTheScene();
+    void moveIsToldBehindTheScene();
     void leftDragDrawsARubberBand();
 
     void moveRepaintsOnlyForWhatFollowsTheMouse_data();
@@ -149,11 +169,13 @@ private Q_SLOTS:
     void linkWithMaskZeroRepaintsTheBackground();
     void linksBothWaysDoNotGoInCircles();
     void linksInARowEndAtTheFirst();
+    void linkIsDeafWhileItActs();
     void linkDiesWithTheFollowedView();
     void acquireScaleOfMirroredView();
     void acquireFromAViewBeyondPrecision();
 
     void dragMovesReachTheScene();
+    void focusReachesTheScene();
     void eventsWithoutASceneAreHarmless();
 };
 
@@ -365,10 +387,6 @@ void EditorViewTest::disabledWheelDoesNothing_data()
 void EditorViewTest::disabledWheelDoesNothing()
 {
     QFETCH(bool, accepted);
-    struct OpenView : EditorView
-    {
-        using EditorView::wheelEvent;
-    };
     OpenView view;
     ViewStage stage(view);
     view.setZoomingEnabled(false);
@@ -431,6 +449,60 @@ void EditorViewTest::panStopsAtTheSceneRect()
     stage.drag(Qt::RightButton, QPoint(300, 200), QPoint(50, 50));
     QCOMPARE(view.mapToScene(0, 0), QPointF(100, 100));
     QCOMPARE(view.getCenter(), stage.shownCenter());
+}
+
+void EditorViewTest::panTakesItsEvents()
+{
+    OpenView view;
+    ViewStage stage(view);
+    stage.moveMouse(QPoint(100, 100));
+    const auto isTaken = [](QEvent::Type type, Qt::MouseButton button, const auto& handler) {
+        QMouseEvent event(type, QPointF(100, 100), button, Qt::RightButton, {});
+        event.ignore();
+        handler(&event);
+        return event.isAccepted();
+    };
+    QVERIFY(isTaken(QEvent::MouseButtonPress, Qt::RightButton,
+                    [&view](QMouseEvent* event) { view.mousePressEvent(event); }));
+    QVERIFY(isTaken(QEvent::MouseMove, Qt::NoButton,
+                    [&view](QMouseEvent* event) { view.mouseMoveEvent(event); }));
+    QVERIFY(isTaken(QEvent::MouseButtonRelease, Qt::RightButton,
+                    [&view](QMouseEvent* event) { view.mouseReleaseEvent(event); }));
+}
+
+void EditorViewTest::panRepaintsWhatIsSeen()
+{
+    EditorView view;
+    ViewStage stage(view);
+    stage.moveMouse(QPoint(100, 100));
+    stage.press(Qt::RightButton, QPoint(100, 100));
+    QCoreApplication::processEvents();
+    QList<QRectF> regions;
+    QObject::connect(view.scene(), &QGraphicsScene::changed,
+                     [&regions](const QList<QRectF>& region) { regions += region; });
+    QCoreApplication::processEvents();
+    regions.clear();
+    stage.moveMouse(QPoint(130, 80));
+    QCoreApplication::processEvents();
+    QCOMPARE(regions, QList<QRectF>{view.mapToScene(view.rect()).boundingRect()});
+    stage.release(Qt::RightButton, QPoint(130, 80));
+}
+
+void EditorViewTest::panInAFrame()
+{
+    // What the view looks at is the middle of the widget, the frame included.
+    EditorView view;
+    ViewStage stage(view);
+    view.setFrameStyle(QFrame::Box | QFrame::Plain);
+    view.setLineWidth(20);
+    QCoreApplication::processEvents();
+    QCOMPARE(view.viewport()->size(), QSize(360, 260));
+    stage.moveMouse(QPoint(100, 100));
+    stage.press(Qt::RightButton, QPoint(120, 120));
+    stage.moveMouse(QPoint(130, 80));
+    QCOMPARE(view.getCenter(), stage.shownCenter());
+    QVERIFY(view.getCenter() != view.mapToScene(view.viewport()->rect()).boundingRect().center());
+    stage.release(Qt::RightButton, QPoint(150, 100));
 }
 
 void EditorViewTest::panWaitsWhileTheMouseIsOutside()
@@ -521,6 +593,22 @@ void EditorViewTest::otherButtonsReachTheScene()
     stage.press(Qt::MiddleButton, QPoint(30, 30));
     stage.release(Qt::MiddleButton, QPoint(30, 30));
     QCOMPARE(log.take(), QStringList{"released 4"});
+}
+
+void EditorViewTest::moveIsToldBehindTheScene()
+{
+    EditorView view;
+    ViewStage stage(view);
+    auto* const target = new Target;
+    view.scene()->addItem(target);
+    stage.moveMouse(QPoint(30, 30));
+    stage.press(Qt::LeftButton, QPoint(30, 30));
+    int movesWhenNotified = -1;
+    view.mouseMoved.connect(
+        [&movesWhenNotified, target](QMouseEvent*) { movesWhenNotified = target->moves; });
+    stage.moveMouse(QPoint(40, 30));
+    QCOMPARE(movesWhenNotified, 1);
+    stage.release(Qt::LeftButton, QPoint(40, 30));
 }
 
 void EditorViewTest::leftDragDrawsARubberBand()
@@ -792,6 +880,9 @@ void EditorViewTest::linkWithMaskZeroRepaintsTheBackground()
     view.setCenter(QPointF(1, 2), true);
     QCoreApplication::processEvents();
     QVERIFY(paints.take() > 0);
+    view.zoomChanged();
+    QCoreApplication::processEvents();
+    QVERIFY(paints.take() > 0);
     QCOMPARE(follower.getCenter(), QPointF(200, 150));
     QCOMPARE(follower.transform(), QTransform());
 }
@@ -833,6 +924,28 @@ void EditorViewTest::linksInARowEndAtTheFirst()
     first.setCenter(QPointF(1, 2), true);
     QCOMPARE(second.getCenter(), QPointF(1, 2));
     QCOMPARE(third.getCenter(), QPointF(50, 0));
+}
+
+void EditorViewTest::linkIsDeafWhileItActs()
+{
+    // A host that answers the follower's scrolling by moving the followed view again.
+    EditorView view;
+    ViewStage stage(view);
+    EditorView follower;
+    ViewStage followerStage(follower, QPoint(100, 450));
+    follower.linkViewSettingsTo(&view, 15);
+    int told = 0;
+    view.centerChanged.connect([&told](const QPointF&) { ++told; });
+    int scrolled = 0;
+    QObject::connect(follower.horizontalScrollBar(), &QScrollBar::valueChanged, [&](int) {
+        if (++scrolled < 10) {
+            view.setCenter(view.getCenter() + QPointF(20, 0), true);
+        }
+    });
+    view.setCenter(QPointF(300, 150), true);
+    QCOMPARE(told, 2);
+    QCOMPARE(scrolled, 1);
+    QCOMPARE(view.getCenter(), QPointF(320, 150));
 }
 
 void EditorViewTest::linkDiesWithTheFollowedView()
@@ -893,6 +1006,19 @@ void EditorViewTest::dragMovesReachTheScene()
     QVERIFY(target->dragMoves > 0);
     QDragLeaveEvent leave;
     QApplication::sendEvent(view.viewport(), &leave);
+    QCOMPARE(log.take(), QStringList());
+}
+
+void EditorViewTest::focusReachesTheScene()
+{
+    OpenView view;
+    Log log(view);
+    QFocusEvent in(QEvent::FocusIn);
+    view.focusInEvent(&in);
+    QVERIFY(view.scene()->hasFocus());
+    QFocusEvent out(QEvent::FocusOut);
+    view.focusOutEvent(&out);
+    QVERIFY(!view.scene()->hasFocus());
     QCOMPARE(log.take(), QStringList());
 }
 

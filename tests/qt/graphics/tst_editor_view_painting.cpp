@@ -120,6 +120,7 @@ private Q_SLOTS:
     void verticalRuler_data();
     void verticalRuler();
     void rulerBetweenTwoMajorMarks();
+    void rulerInAFrame();
     void rulerGoesByTheWidthOfAPixel();
     void rulersDoNotScaleWithTheScene();
     void rulerOfBackwardsRangeIsEmpty();
@@ -427,6 +428,32 @@ void EditorViewPaintingTest::rulerBetweenTwoMajorMarks()
     });
     QVERIFY(expected != plain);
     QCOMPARE(shot(view), expected);
+}
+
+void EditorViewPaintingTest::rulerInAFrame()
+{
+    // The range is that of the widget: the mark of 300 lies beyond the viewport, and yet the minor
+    // marks before it are drawn.
+    EditorView view;
+    ViewStage stage(view);
+    view.setFrameStyle(QFrame::Box | QFrame::Plain);
+    view.setLineWidth(60);
+    QCoreApplication::processEvents();
+    view.horizontalScrollBar()->setValue(0);
+    view.verticalScrollBar()->setValue(0);
+    QCOMPARE(view.viewport()->size(), QSize(280, 180));
+    QCOMPARE(view.mapToScene(0, 0), QPointF(0, 0));
+    const QImage plain = shot(view);
+    view.setRulers(true, true);
+    const QImage expected = drawnOn(plain, view, blackPen(), [](QPainter& painter) {
+        const std::vector<int> minor = {0,   20,  40,  60,  80,  100, 120, 140,
+                                        160, 180, 200, 220, 240, 260, 280, 300};
+        drawHorizontal(painter, {{{0, "0"}, {100, "100"}, {200, "200"}, {300, "300"}}, minor});
+        drawVertical(painter,
+                     {{{0, "0"}, {100, "100"}, {200, "200"}}, {minor.begin(), minor.begin() + 11}});
+    });
+    QCOMPARE(shot(view), expected);
+    QCOMPARE(shot(view).pixelColor(260, 1), QColor(Qt::black));
 }
 
 void EditorViewPaintingTest::rulerGoesByTheWidthOfAPixel()
