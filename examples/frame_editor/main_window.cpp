@@ -181,7 +181,15 @@ void MainWindow::createCanvas()
     auto* place = new QLabel(this);
     place->setObjectName(QStringLiteral("place"));
     statusBar()->addPermanentWidget(place);
-    connect(m_canvas, &Canvas::pointedAt, place, &QLabel::setText);
+    connect(m_canvas, &Canvas::pointedAt, place, [place](const QString& text) {
+        // It changes with each move of the mouse. A label of fixed size, which only grows, keeps
+        // the window from being laid out anew each time.
+        place->setText(text);
+        const QSize needed = place->sizeHint().expandedTo(place->minimumSize());
+        if (needed != place->minimumSize()) {
+            place->setFixedSize(needed);
+        }
+    });
 }
 
 QDockWidget* MainWindow::addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content)

@@ -1,7 +1,9 @@
+#include "examples/frame_editor/canvas.h"
 #include "examples/frame_editor/member_list.h"
 #include "examples/frame_editor/model_file.h"
 #include "tests/examples/editor_stage.h"
 #include "tests/helpers/checked_test.h"
+#include "tests/helpers/view_stage.h"
 
 #include <QAction>
 #include <QFile>
@@ -13,6 +15,7 @@
 
 using namespace frame_editor;
 using zel::test::EditorStage;
+using zel::test::EventCount;
 
 namespace {
 
@@ -63,6 +66,7 @@ private Q_SLOTS:
     void tabOrder();
     void alignment();
     void mnemonics();
+    void movesOfTheMouseLayNothingOut();
 };
 
 void TestMainWindow::title()
@@ -305,6 +309,30 @@ void TestMainWindow::mnemonics()
         }
     }
     QVERIFY(count >= 12);
+}
+
+void TestMainWindow::movesOfTheMouseLayNothingOut()
+{
+    EditorStage stage;
+    QWidget* const area = stage.window.canvas().viewport();
+    auto* const place = stage.window.findChild<QLabel*>(QStringLiteral("place"));
+    const auto sweep = [area] {
+        for (int x = 100; x < 200; x += 7) {
+            QCursor::setPos(area->mapToGlobal(QPoint(x, 2 * x)));
+            QCoreApplication::processEvents();
+        }
+    };
+    sweep();
+    QVERIFY(!place->text().isEmpty());
+    EventCount window(&stage.window, QEvent::LayoutRequest);
+    EventCount bar(stage.window.statusBar(), QEvent::LayoutRequest);
+    const QString text = place->text();
+    sweep();
+    QCOMPARE(place->text(), text);
+    QCOMPARE(window.take(), 0);
+    QCOMPARE(bar.take(), 0);
+    // There is room for all of the text.
+    QVERIFY(place->width() >= place->fontMetrics().horizontalAdvance(text));
 }
 
 QTEST_MAIN(TestMainWindow)
