@@ -19,8 +19,21 @@ namespace {
 
 constexpr int lengthSet = 1001;
 
+/// Within so many pixels of where it was, a coordinate of a node under way stays.
+constexpr double steadyPixels = 3.5;
+
 /// Room about the frame for signs and rulers, in pixels.
 constexpr double fitMargin = 90.0;
+
+/// A length as it is told; what shows as zero has no sign.
+QString lengthText(double value)
+{
+    const zel::units::v1::Context& units = zel::units::v1::get_active_input_context();
+    const QString zero = formatQuantity(units, lengthSet, 0.0);
+    return formatQuantity(units, lengthSet, std::abs(value)) == zero
+               ? zero
+               : formatQuantity(units, lengthSet, value);
+}
 
 /// Adds or deletes items until there are `count`.
 template <class Item>
@@ -51,11 +64,13 @@ Canvas::Canvas(Document& document, QWidget* parent)
     QFont lettering = font();
     lettering.setPixelSize(11);
     setFont(lettering);
+    connect(&document, &Document::modelReplaced, this, [this] { m_otherModel = true; });
     connect(&document, &Document::changed, this, &Canvas::showModel);
     connect(&document, &Document::selectionChanged, this, &Canvas::showSelection);
     connect(&document, &Document::fileChanged, this, &Canvas::showFile);
     connect(scene(), &QGraphicsScene::selectionChanged, this, &Canvas::takeSelection);
-    mouseReleased.connect([this](QMouseEvent*) { finishGesture(); });
+    connect(this, &QGraphicsView::rubberBandChanged, this, &Canvas::finishRubberBand);
+    mouseReleased.connect([this](QMouseEvent* event) { finishGesture(event->button()); });
     mouseMoved.connect([this](QMouseEvent* event) { tellPlace(event->pos()); });
     resized.connect([this] {
         if (m_fitted && getCenter() == m_fittedCenter && transform() == m_fittedTransform) {
@@ -64,7 +79,6 @@ Canvas::Canvas(Document& document, QWidget* parent)
     });
     showModel();
     showFile();
-    fitToWindow();
 }
 
 Canvas::~Canvas()
@@ -119,10 +133,14 @@ QPointF Canvas::snapped(int node, const QPointF& pos) const
         step = finer >= pixel ? finer : step;
     }
     const Node& from = m_document.model().nodes.at(static_cast<std::size_t>(node));
-    const auto snap = [step](double value, double origin) {
+    const auto snap = [step, pixel](double value, double origin) {
         const double steps = std::round((value - origin) / step);
-        // To the micrometre, so that adding up leaves no dust behind the decimals.
-        return steps == 0 ? origin : std::round((origin + steps * step) * 1e6) / 1e6;
+        if (steps == 0 || std::abs(value - origin) < steadyPixels * pixel) {
+            return origin;
+        }
+        // To the micrometre, so that adding up leaves no dust behind the decimals, nor a sign
+        // before zero.
+        return std::round((origin + steps * step) * 1e6) / 1e6 + 0.0;
     };
     return toScene(snap(pos.x(), from.x), snap(-pos.y(), from.y));
 }
@@ -139,10 +157,6 @@ const std::vector<MemberItem*>& Canvas::memberItems() const
 
 void Canvas::showModel()
 {
-    QStringList names;
-    for (const Node& node : m_document.model().nodes) {
-        names << node.name;
-    }
     {
         const QScopedValueRollback<bool> showing(m_showing, true);
         showNodes();
@@ -153,8 +167,8 @@ void Canvas::showModel()
     const QRectF frame = frameRect();
     const double margin = 5 * qMax(frame.width(), frame.height());
     scene()->setSceneRect(frame.adjusted(-margin, -margin, margin, margin));
-    if (names != m_shownNodes) {
-        m_shownNodes = names;
+    if (m_otherModel) {
+        m_otherModel = false;
         fitToWindow();
     }
     viewport()->update();
@@ -273,13 +287,23 @@ void Canvas::takeMoves()
     }
 }
 
-void Canvas::finishGesture()
+void Canvas::finishGesture(Qt::MouseButton released)
 {
-    if (m_selectionPending) {
-        takeSelection();
+    QGraphicsItem* const grabbed = scene()->mouseGrabberItem();
+    if (grabbed != nullptr && released == Qt::LeftButton) {
+        // Another button is still down, which may pan; the drag was with this one and is over.
+        grabbed->ungrabMouse();
     }
     if (scene()->mouseGrabberItem() == nullptr) {
         takeMoves();
+    }
+}
+
+/// A rubber band ends with its button, or where the mouse is found without one.
+void Canvas::finishRubberBand()
+{
+    if (m_selectionPending && rubberBandRect().isNull()) {
+        takeSelection();
     }
 }
 
@@ -294,10 +318,16 @@ void Canvas::tellPlace(const QPoint& pos)
                QStringLiteral("   ");
         place = grip->pos();
     }
-    const zel::units::v1::Context& units = zel::units::v1::get_active_input_context();
-    Q_EMIT pointedAt(tr("%1x %2   y %3")
-                         .arg(name, formatQuantity(units, lengthSet, place.x()),
-                              formatQuantity(units, lengthSet, place.y() == 0 ? 0.0 : -place.y())));
+    Q_EMIT pointedAt(tr("%1x %2   y %3").arg(name, lengthText(place.x()), lengthText(-place.y())));
+}
+
+void Canvas::mousePressEvent(QMouseEvent* event)
+{
+    EditorView::mousePressEvent(event);
+    if (event->button() == Qt::RightButton) {
+        // Cursors of items are set on the viewport, where they would hide that of a pan.
+        viewport()->unsetCursor();
+    }
 }
 
 void Canvas::leaveEvent(QEvent* event)

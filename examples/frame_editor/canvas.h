@@ -3,7 +3,6 @@
 #include "qt/inc/graphics.h"
 
 #include <QLineF>
-#include <QStringList>
 #include <QTransform>
 
 #include <vector>
@@ -47,7 +46,9 @@ public:
     /// Whether grips are just being put where the model has their nodes.
     bool isShowingModel() const;
     /// Where a node dragged to `pos` comes to lie: whole steps from its place in the model. The
-    /// step is the finest of 1 cm, 5 cm, 10 cm, 50 cm that is no less than a pixel, or 1 m.
+    /// step is the finest of 1 cm, 5 cm, 10 cm, 50 cm that is no less than a pixel, or 1 m. A
+    /// coordinate that is only a few pixels off stays: a click with an unsteady hand moves nothing,
+    /// and a drag along one axis leaves the other coordinate alone.
     QPointF snapped(int node, const QPointF& pos) const;
 
     /// The items of the nodes and members, by their index in the model.
@@ -59,6 +60,7 @@ Q_SIGNALS:
     void pointedAt(const QString& text);
 
 protected:
+    void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void leaveEvent(QEvent* event) override;
     void drawForeground(QPainter* painter, const QRectF& rect) override;
@@ -73,7 +75,8 @@ private:
     void placeMembers(int node);
     void takeSelection();
     void takeMoves();
-    void finishGesture();
+    void finishGesture(Qt::MouseButton released);
+    void finishRubberBand();
     void tellPlace(const QPoint& pos);
 
     void drawSigns(QPainter& painter) const;
@@ -83,6 +86,7 @@ private:
     LineLoadSign loadSign(const MemberItem& item) const;
     QLineF axisInPixels(const MemberItem& item) const;
     double halfDepthInPixels(const MemberItem& item) const;
+    QRectF drawnArea() const;
 
     Document& m_document;
     std::vector<NodeGrip*> m_nodeGrips;     // owned by the scene
@@ -90,7 +94,7 @@ private:
     double m_largestLoad = 0.0;             // kN/m
     bool m_showing = false;                 ///< the scene follows the document
     bool m_selectionPending = false;        ///< a rubber band is under way
-    QStringList m_shownNodes;               ///< names; other ones mean another model
+    bool m_otherModel = true;               ///< the next model to be shown is not known yet
     bool m_fitted = false;
     QPointF m_fittedCenter;
     QTransform m_fittedTransform;

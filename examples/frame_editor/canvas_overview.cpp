@@ -46,8 +46,14 @@ void CanvasOverview::fitScale()
 
 void CanvasOverview::drawForeground(QPainter* painter, const QRectF& rect)
 {
+    // Far out the box is larger than an int can tell.
+    constexpr qreal beyond = 10;
+    const QRectF canvas = m_canvas.mapToScene(m_canvas.viewport()->rect()).boundingRect();
     const QRect seen =
-        mapFromScene(m_canvas.mapToScene(m_canvas.viewport()->rect())).boundingRect();
+        viewportTransform()
+            .mapRect(canvas)
+            .intersected(QRectF(viewport()->rect()).adjusted(-beyond, -beyond, beyond, beyond))
+            .toRect();
     painter->save();
     painter->setWorldMatrixEnabled(false);
     painter->setRenderHint(QPainter::Antialiasing, false);

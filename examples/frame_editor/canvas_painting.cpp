@@ -58,15 +58,21 @@ double Canvas::halfDepthInPixels(const MemberItem& item) const
     return item.visibleDepth() / 2 * std::abs(transform().m11());
 }
 
+/// What is seen, and room for a text beyond its edges.
+QRectF Canvas::drawnArea() const
+{
+    return QRectF(viewport()->rect()).adjusted(-10, -10, 10, 10);
+}
+
 void Canvas::drawSigns(QPainter& painter) const
 {
     for (const MemberItem* item : m_memberItems) {
         const Member& member = memberOf(m_document.model(), *item);
         const QLineF axis = axisInPixels(*item);
         if (member.bedded) {
-            drawBedding(painter, axis, halfDepthInPixels(*item));
+            drawBedding(painter, axis, halfDepthInPixels(*item), drawnArea());
         }
-        drawSupport(painter, member.support, axis.p1());
+        drawSupport(painter, member.support, axis);
         if (member.hingeStart) {
             drawHinge(painter, axis.p1(), axis.p2());
         }
@@ -98,7 +104,7 @@ void Canvas::drawLoads(QPainter& painter) const
         const LineLoadSign load = loadSign(*item);
         if (memberOf(m_document.model(), *item).lineLoad != 0.0 &&
             load.axis.length() >= leastLengthWithLoad) {
-            drawLineLoad(painter, load);
+            drawLineLoad(painter, load, drawnArea());
         }
     }
 }
@@ -111,7 +117,7 @@ void Canvas::drawLabels(QPainter& painter) const
         return item->isSelected() || item->hovering();
     });
     const zel::units::v1::Context& units = zel::units::v1::get_active_input_context();
-    LabelLayer labels(painter);
+    LabelLayer labels(painter, viewport()->rect());
     const QFontMetricsF metrics(painter.font(), painter.device());
     for (const MemberItem* item : items) {
         const Member& member = memberOf(m_document.model(), *item);
@@ -135,8 +141,11 @@ void Canvas::drawElevations(QPainter& painter) const
     const double high = -mapToScene(0, 0).y();
     const RulerTicks ticks =
         zel::qt::graphics::rulerTicks(low, high, std::abs(pixelSize().x()), height());
-    const auto pixelOf = [this](double elevation) {
-        return mapFromScene(toScene(0, elevation)).y();
+    const QTransform toPixels = viewportTransform();
+    // A mark may lie beyond the ends of the ruler, and far in farther than an int can tell.
+    const auto pixelOf = [&](double elevation) {
+        const double y = toPixels.map(toScene(0, elevation)).y();
+        return qRound(qBound(-1000.0, y, height() + 1000.0));
     };
     for (const double elevation : ticks.major) {
         const int y = pixelOf(elevation);

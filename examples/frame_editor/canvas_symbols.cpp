@@ -38,6 +38,45 @@ QPointF unitVector(const QLineF& line)
     return length > 0 ? QPointF(line.dx(), line.dy()) / length : QPointF(1, 0);
 }
 
+/// A stretch of a line, as parts of its length.
+struct Stretch
+{
+    double from = 0.0;
+    double to = 1.0;
+};
+
+/// The stretch of `line` that lies beside `area` or within it, seen along the normal of
+/// `direction`; empty (from > to) if none does.
+Stretch stretchBeside(const QLineF& line, const QPointF& direction, const QRectF& area)
+{
+    const auto place = [&direction](const QPointF& point) {
+        return QPointF::dotProduct(point, direction);
+    };
+    const auto corners = {place(area.topLeft()), place(area.topRight()), place(area.bottomLeft()),
+                          place(area.bottomRight())};
+    const double start = place(line.p1());
+    const double length = place(line.p2()) - start;
+    if (length == 0) {
+        return {};
+    }
+    const double a = (std::min(corners) - start) / length;
+    const double b = (std::max(corners) - start) / length;
+    return {qBound(0.0, qMin(a, b), 1.0 + 1e-9), qBound(-1e-9, qMax(a, b), 1.0)};
+}
+
+/// Calls `draw` with each whole number of `stretch`, of those from 0 to `count`.
+template <class Draw>
+void forEachWithin(const Stretch& stretch, double count, const Draw& draw)
+{
+    const double first = std::ceil(stretch.from * count);
+    const double last = std::floor(stretch.to * count);
+    // Counted by an integer: a double this large may have no next whole number.
+    constexpr double most = 100000;
+    for (int i = 0; i <= qMin(last - first, most); ++i) {
+        draw(first + i);
+    }
+}
+
 void drawArrow(QPainter& painter, const QPointF& tail, const QPointF& tip)
 {
     const QLineF line(tail, tip);
@@ -79,36 +118,54 @@ QLineF tailLine(const LineLoadSign& load, const QPointF& direction)
 }
 
 /// A load along its member: a row of arrows one behind the other.
-void drawAxialLoad(QPainter& painter, const LineLoadSign& load, const QPointF& direction)
+void drawAxialLoad(QPainter& painter, const LineLoadSign& load, const QPointF& direction,
+                   const QRectF& area)
 {
     const QPointF offset = aside(load);
-    const int count = qMax(1, static_cast<int>(load.axis.length() / (2 * arrowDistance)));
-    for (int i = 0; i < count; ++i) {
-        const QPointF middle = load.axis.pointAt((i + 0.5) / count) + offset;
-        drawArrow(painter, middle - direction * (arrowDistance / 2),
-                  middle + direction * (arrowDistance / 2));
+    const double count = qMax(1.0, std::floor(load.axis.length() / (2 * arrowDistance)));
+    const double margin = 3 * arrowDistance;
+    const Stretch seen = stretchBeside(load.axis.translated(offset), unitVector(load.axis),
+                                       area.adjusted(-margin, -margin, margin, margin));
+    forEachWithin(seen, count, [&](double i) {
+        if (i < count) {
+            const QPointF middle = load.axis.pointAt((i + 0.5) / count) + offset;
+            drawArrow(painter, middle - direction * (arrowDistance / 2),
+                      middle + direction * (arrowDistance / 2));
+        }
+    });
+}
+
+/// By how many quarters of a circle a clamp is turned so that its hatching points away from the
+/// member; 0 for a column that stands on it.
+int clampTurns(const QLineF& axis)
+{
+    if (std::abs(axis.dx()) > std::abs(axis.dy())) {
+        return axis.dx() > 0 ? 1 : -1;
     }
+    return axis.dy() > 0 ? 2 : 0;
 }
 
 } // namespace
 
-void drawSupport(QPainter& painter, Support support, const QPointF& node)
+void drawSupport(QPainter& painter, Support support, const QLineF& axis)
 {
     if (support == Support::None) {
         return;
     }
     painter.save();
+    painter.translate(axis.p1());
     painter.setPen(QPen(supportColour(), 1.3));
     const QPointF half(supportWidth / 2, 0);
     if (support == Support::Fixed) {
+        painter.rotate(90 * clampTurns(axis));
         painter.setPen(QPen(supportColour(), 2.0));
-        painter.drawLine(node - half * 1.3, node + half * 1.3);
+        painter.drawLine(-half * 1.3, half * 1.3);
         painter.setPen(QPen(supportColour(), 1.3));
-        drawGround(painter, node - half * 1.3, node + half * 1.3);
+        drawGround(painter, -half * 1.3, half * 1.3);
     } else {
-        const QPointF foot = node + QPointF(0, 15);
+        const QPointF foot(0, 15);
         painter.setBrush(QColor(214, 232, 206));
-        painter.drawPolygon(QPolygonF() << node << foot - half * 0.9 << foot + half * 0.9);
+        painter.drawPolygon(QPolygonF() << QPointF() << foot - half * 0.9 << foot + half * 0.9);
         const QPointF ground = support == Support::Roller ? foot + QPointF(0, 4) : foot;
         drawGround(painter, ground - half * 1.3, ground + half * 1.3);
     }
@@ -130,7 +187,7 @@ void drawHinge(QPainter& painter, const QPointF& end, const QPointF& other)
     painter.restore();
 }
 
-void drawBedding(QPainter& painter, const QLineF& axis, double halfDepth)
+void drawBedding(QPainter& painter, const QLineF& axis, double halfDepth, const QRectF& area)
 {
     painter.save();
     painter.setPen(QPen(QColor(120, 85, 40), 1.2));
@@ -142,10 +199,17 @@ void drawBedding(QPainter& painter, const QLineF& axis, double halfDepth)
     const QPointF start = (axis.dx() < 0 ? axis.p2() : axis.p1()) + below * (halfDepth + gap);
     const double length = axis.length();
     painter.drawLine(start, start + along * length);
-    for (double t = hatchLength; t <= length; t += hatchLength) {
-        painter.drawLine(start + along * t,
-                         start + along * (t - hatchLength) + below * hatchLength);
-    }
+    const double count = std::floor(length / hatchLength);
+    const QLineF hatched(start, start + along * (count * hatchLength));
+    const double margin = 2 * hatchLength;
+    forEachWithin(stretchBeside(hatched, along, area.adjusted(-margin, -margin, margin, margin)),
+                  count, [&](double i) {
+                      if (i > 0) {
+                          painter.drawLine(start + along * (i * hatchLength),
+                                           start + along * ((i - 1) * hatchLength) +
+                                               below * hatchLength);
+                      }
+                  });
     painter.restore();
 }
 
@@ -160,25 +224,29 @@ QPointF loadVector(const LineLoadSign& load)
     return load.against ? -direction : direction;
 }
 
-void drawLineLoad(QPainter& painter, const LineLoadSign& load)
+void drawLineLoad(QPainter& painter, const LineLoadSign& load, const QRectF& area)
 {
     painter.save();
     painter.setPen(QPen(loadColour(), 1.0));
     painter.setBrush(loadColour());
     const QPointF direction = loadVector(load);
     if (isAxial(load)) {
-        drawAxialLoad(painter, load, direction);
+        drawAxialLoad(painter, load, direction, area);
         painter.restore();
         return;
     }
     const QLineF tails = tailLine(load, direction);
     const QLineF tips = load.axis.translated(-direction * (load.halfDepth + gap));
-    const int intervals = qMax(1, static_cast<int>(tips.length() / arrowDistance));
+    const double intervals = qMax(1.0, std::floor(tips.length() / arrowDistance));
     painter.drawLine(tails);
-    for (int i = 0; i <= intervals; ++i) {
-        const double t = static_cast<double>(i) / intervals;
+    // All arrows run one way, so those that are seen lie beside the area at right angles to it.
+    const QPointF across(-direction.y(), direction.x());
+    const Stretch seen =
+        stretchBeside(tips, across, area.adjusted(-arrowHead, -arrowHead, arrowHead, arrowHead));
+    forEachWithin(seen, intervals, [&](double i) {
+        const double t = i / intervals;
         drawArrow(painter, tails.pointAt(t), tips.pointAt(t));
-    }
+    });
     painter.restore();
 }
 
@@ -209,20 +277,26 @@ LabelPlace nameLabelPlace(const QLineF& axis, double halfDepth, const QSizeF& te
     return {axis.translated(0, halfDepth + 4 + textSize.height() / 2), false, true};
 }
 
-LabelLayer::LabelLayer(QPainter& painter)
+LabelLayer::LabelLayer(QPainter& painter, const QRectF& area)
     : m_painter(painter)
+    , m_area(area)
 {}
 
 void LabelLayer::add(const LabelPlace& place, const QString& text, const QColor& colour)
 {
     const QSizeF size =
         QFontMetricsF(m_painter.font(), m_painter.device()).size(Qt::TextSingleLine, text);
-    if (place.along && place.line.length() < size.width()) {
+    const Stretch acrossArea = stretchBeside(place.line, {1, 0}, m_area);
+    const Stretch downArea = stretchBeside(place.line, {0, 1}, m_area);
+    const double from = qMax(acrossArea.from, downArea.from);
+    const double to = qMin(acrossArea.to, downArea.to);
+    const QLineF seen(place.line.pointAt(from), place.line.pointAt(to));
+    if (from > to || (place.along && seen.length() < size.width())) {
         return;
     }
     for (const double t : {0.5, 0.3, 0.7}) {
         QRectF box(QPointF(), place.upwards ? size.transposed() : size);
-        box.moveCenter(place.line.pointAt(t));
+        box.moveCenter(seen.pointAt(t));
         const bool isFree =
             std::none_of(m_taken.begin(), m_taken.end(),
                          [&box](const QRectF& taken) { return taken.intersects(box); });

@@ -17,16 +17,20 @@ namespace frame_editor {
 // The signs of structural drawings. All are drawn in pixels, y downwards, at a size of their own,
 // with the painter's state left as it was.
 
-/// The sign of a support whose upper end is the node at `node`: a triangle for a hinge, on two
-/// lines if it rolls, a hatched line for a clamp. Nothing for none.
-void drawSupport(QPainter& painter, Support support, const QPointF& node);
+/// The sign of a support at the start of a member with this axis: a triangle below the node for a
+/// hinge, on two lines if it rolls, and for a clamp a hatched line across the member, level under a
+/// column and upright behind the end of a beam. Nothing for none.
+void drawSupport(QPainter& painter, Support support, const QLineF& axis);
 
 /// The ring of a hinge, near `end` on the way to `other`.
 void drawHinge(QPainter& painter, const QPointF& end, const QPointF& other);
 
+// Members can be longer than the screen by any factor, so what is repeated along them takes the
+// area that is seen and leaves out what lies beyond it.
+
 /// The hatching of the ground along the lower side of a member that is bedded on it; `halfDepth` is
 /// that of the member.
-void drawBedding(QPainter& painter, const QLineF& axis, double halfDepth);
+void drawBedding(QPainter& painter, const QLineF& axis, double halfDepth, const QRectF& area);
 
 /// A line load on a member.
 struct LineLoadSign
@@ -46,7 +50,7 @@ QPointF loadVector(const LineLoadSign& load);
 /// Arrows that press on the member from a line behind them. The line of a projected load is level,
 /// as the plan is on which it lies; the others run along the member. A load that acts along its
 /// member is a row of arrows beside it.
-void drawLineLoad(QPainter& painter, const LineLoadSign& load);
+void drawLineLoad(QPainter& painter, const LineLoadSign& load, const QRectF& area);
 
 /// Where a text may stand.
 struct LabelPlace
@@ -62,12 +66,13 @@ LabelPlace loadLabelPlace(const LineLoadSign& load, double textHeight);
 /// The place for the name of a member: beside a steep one, below a flat one.
 LabelPlace nameLabelPlace(const QLineF& axis, double halfDepth, const QSizeF& textSize);
 
-/// The texts of a drawing, none of them over another: what finds no room is left out.
+/// The texts of a drawing, none of them over another: what finds no room is left out. A text stands
+/// on the part of its line that is seen.
 class LabelLayer
 {
 public:
-    /// The painter has to outlive the layer.
-    explicit LabelLayer(QPainter& painter);
+    /// The painter has to outlive the layer; `area` is what is seen.
+    LabelLayer(QPainter& painter, const QRectF& area);
 
     void add(const LabelPlace& place, const QString& text, const QColor& colour);
 
@@ -75,6 +80,7 @@ private:
     void draw(const QPointF& middle, bool upwards, const QString& text, const QColor& colour);
 
     QPainter& m_painter;
+    QRectF m_area;
     std::vector<QRectF> m_taken;
 };
 

@@ -1,179 +1,17 @@
-#include "examples/frame_editor/canvas.h"
-#include "examples/frame_editor/canvas_items.h"
 #include "examples/frame_editor/canvas_overview.h"
 #include "examples/frame_editor/canvas_symbols.h"
-#include "examples/frame_editor/document.h"
 #include "examples/frame_editor/member_list.h"
-#include "examples/frame_editor/member_selection.h"
+#include "tests/examples/canvas_stage.h"
 #include "tests/helpers/checked_test.h"
 #include "units/inc/units.h"
 
-#include <QApplication>
-#include <QCursor>
 #include <QGraphicsScene>
-#include <QPainter>
 #include <QSignalSpy>
 #include <QUndoStack>
-#include <QWheelEvent>
-#include <QWindow>
 
 #include <cmath>
 
 using namespace frame_editor;
-
-namespace {
-
-const QString portalFrame = QStringLiteral(FRAME_EDITOR_MODELS "/portal_frame.json");
-const QString multiStorey = QStringLiteral(FRAME_EDITOR_MODELS "/multi_storey.json");
-
-/// A canvas on the screen with the portal frame, and a user's mouse.
-struct Stage
-{
-    explicit Stage(const QString& file = portalFrame)
-        : canvas(document, nullptr)
-    {
-        QCursor::setPos(0, 0);
-        document.open(file);
-        canvas.resize(600, 500);
-        canvas.move(100, 100);
-        canvas.show();
-        shown = QTest::qWaitForWindowExposed(&canvas);
-        QCoreApplication::processEvents();
-    }
-
-    const Node& node(const char* name)
-    {
-        return document.model().nodes.at(
-            static_cast<std::size_t>(document.model().findNode(QLatin1String(name))));
-    }
-    NodeGrip* grip(const char* name)
-    {
-        return canvas.nodeGrips().at(
-            static_cast<std::size_t>(document.model().findNode(QLatin1String(name))));
-    }
-    int member(const char* name)
-    {
-        return document.model().findMember(QLatin1String(name));
-    }
-    MemberItem* item(const char* name)
-    {
-        return canvas.memberItems().at(static_cast<std::size_t>(member(name)));
-    }
-
-    QPoint pixelOf(const char* nodeName)
-    {
-        return canvas.mapFromScene(grip(nodeName)->pos());
-    }
-    /// A place on the member, apart from nodes and other members.
-    QPoint pixelOn(const char* memberName, double part = 0.3)
-    {
-        return canvas.mapFromScene(item(memberName)->axis().pointAt(part));
-    }
-
-    void moveMouse(const QPoint& pos)
-    {
-        QCursor::setPos(canvas.viewport()->mapToGlobal(pos));
-        QCoreApplication::processEvents();
-    }
-    void press(const QPoint& pos, Qt::MouseButton button = Qt::LeftButton,
-               Qt::KeyboardModifiers modifiers = {})
-    {
-        moveMouse(pos);
-        QTest::mousePress(canvas.windowHandle(), button, modifiers, pos);
-    }
-    void release(const QPoint& pos, Qt::MouseButton button = Qt::LeftButton,
-                 Qt::KeyboardModifiers modifiers = {})
-    {
-        moveMouse(pos);
-        QTest::mouseRelease(canvas.windowHandle(), button, modifiers, pos);
-    }
-    void click(const QPoint& pos, Qt::KeyboardModifiers modifiers = {})
-    {
-        press(pos, Qt::LeftButton, modifiers);
-        release(pos, Qt::LeftButton, modifiers);
-        // Two clicks on different things are no double click.
-        QTest::qWait(0);
-    }
-    void turnWheel(const QPoint& pos, int delta)
-    {
-        QWheelEvent event(pos, canvas.viewport()->mapToGlobal(pos), {}, QPoint(0, delta),
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QApplication::sendEvent(canvas.viewport(), &event);
-    }
-    QImage shot()
-    {
-        return canvas.viewport()->grab().toImage();
-    }
-    QVector<int> selected()
-    {
-        return document.selection().members();
-    }
-
-    Document document;
-    Canvas canvas;
-    bool shown = false;
-};
-
-/// The pixels of about this colour in a part of a picture.
-int countPixels(const QImage& image, const QRect& part, const QColor& colour)
-{
-    int count = 0;
-    const QRect rect = part & image.rect();
-    for (int y = rect.top(); y <= rect.bottom(); ++y) {
-        for (int x = rect.left(); x <= rect.right(); ++x) {
-            const QColor pixel = image.pixelColor(x, y);
-            count += qAbs(pixel.red() - colour.red()) + qAbs(pixel.green() - colour.green()) +
-                                 qAbs(pixel.blue() - colour.blue()) <
-                             60
-                         ? 1
-                         : 0;
-        }
-    }
-    return count;
-}
-
-QRect inked(const QImage& image)
-{
-    QRect rect;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) != QColor(Qt::white)) {
-                rect |= QRect(x, y, 1, 1);
-            }
-        }
-    }
-    return rect;
-}
-
-template <class Draw>
-QImage drawn(const Draw& draw)
-{
-    QImage image(200, 200, QImage::Format_RGB32);
-    image.fill(Qt::white);
-    QPainter painter(&image);
-    painter.setPen(Qt::blue);
-    draw(painter);
-    const bool restored = painter.pen().color() == QColor(Qt::blue);
-    painter.end();
-    return restored ? image : QImage();
-}
-
-FrameModel modelWith(const std::function<void(Member&)>& change)
-{
-    FrameModel model;
-    model.sections.push_back({QStringLiteral("S"), 0.4, 0.2, 0.01, 0.02, 0, 0, 0, 0});
-    model.nodes = {{QStringLiteral("A"), 0, 0}, {QStringLiteral("B"), 10, 0}};
-    Member member;
-    member.name = QStringLiteral("M");
-    member.start = 0;
-    member.end = 1;
-    member.section = QStringLiteral("S");
-    change(member);
-    model.members.push_back(member);
-    return model;
-}
-
-} // namespace
 
 Q_DECLARE_METATYPE(Support)
 Q_DECLARE_METATYPE(LoadDirection)
@@ -219,6 +57,8 @@ private Q_SLOTS:
 
     void supportSigns_data();
     void supportSigns();
+    void clampIsAcrossTheMember_data();
+    void clampIsAcrossTheMember();
     void loadVectors_data();
     void loadVectors();
     void loadArrows_data();
@@ -710,6 +550,7 @@ void TestCanvas::overviewHasNoGrips()
     overview.resize(200, 150);
     const QImage image = overview.grab().toImage();
     QCOMPARE(countPixels(image, image.rect(), Qt::red), 0);
+    QVERIFY(countPixels(image, image.rect(), QColor(142, 195, 176).darker(130)) > 50);
     QVERIFY(countPixels(stage.shot(), stage.canvas.rect(), Qt::red) > 50);
     // Nothing is moved or selected there.
     QVERIFY(!overview.isInteractive());
@@ -745,8 +586,8 @@ void TestCanvas::supportSigns()
 {
     QFETCH(Support, support);
     QFETCH(int, height);
-    const QImage image =
-        drawn([support](QPainter& painter) { drawSupport(painter, support, QPointF(100, 100)); });
+    const QImage image = drawn(
+        [support](QPainter& painter) { drawSupport(painter, support, QLineF(100, 100, 100, 20)); });
     QVERIFY(!image.isNull());
     const QRect ink = inked(image);
     if (support == Support::None) {
@@ -757,6 +598,38 @@ void TestCanvas::supportSigns()
     QVERIFY(ink.top() >= 98 && ink.top() <= 101);
     QVERIFY2(qAbs(ink.height() - height) <= 3, qPrintable(QString::number(ink.height())));
     QVERIFY(ink.left() < 90 && ink.right() > 110 && ink.left() > 70 && ink.right() < 130);
+}
+
+void TestCanvas::clampIsAcrossTheMember_data()
+{
+    QTest::addColumn<QPointF>("way");
+    QTest::addColumn<QRect>("ink");
+    const QRect below(QPoint(-13, 0), QPoint(13, 6));
+    const QRect behind(QPoint(-6, -13), QPoint(0, 13));
+    QTest::newRow("column") << QPointF(0, -80) << below;
+    QTest::newRow("hanging column") << QPointF(0, 80) << QRect(QPoint(-13, -6), QPoint(13, 0));
+    QTest::newRow("beam to the right") << QPointF(80, 0) << behind;
+    QTest::newRow("beam to the left") << QPointF(-80, 0) << QRect(QPoint(0, -13), QPoint(6, 13));
+    QTest::newRow("rafter") << QPointF(80, -40) << behind;
+    QTest::newRow("raking column") << QPointF(40, -80) << below;
+    QTest::newRow("member without length") << QPointF(0, 0) << below;
+}
+
+void TestCanvas::clampIsAcrossTheMember()
+{
+    QFETCH(QPointF, way);
+    QFETCH(QRect, ink);
+    const QPointF node(100, 100);
+    const QImage image = drawn([&](QPainter& painter) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        drawSupport(painter, Support::Fixed, QLineF(node, node + way));
+    });
+    QVERIFY(!image.isNull());
+    const QRect actual = inked(image).translated(-100, -100);
+    for (const int difference : {actual.left() - ink.left(), actual.right() - ink.right(),
+                                 actual.top() - ink.top(), actual.bottom() - ink.bottom()}) {
+        QVERIFY2(qAbs(difference) <= 2, qPrintable(QString::number(difference)));
+    }
 }
 
 void TestCanvas::loadVectors_data()
@@ -833,7 +706,8 @@ void TestCanvas::loadArrows()
     load.direction = direction;
     load.against = against;
     load.height = 30;
-    const QImage image = drawn([&load](QPainter& painter) { drawLineLoad(painter, load); });
+    const QImage image =
+        drawn([&load](QPainter& painter) { drawLineLoad(painter, load, painter.window()); });
     QVERIFY(!image.isNull());
     const QRect actual = inked(image);
     const auto isClose = [](int a, int b) { return qAbs(a - b) <= 4; };
@@ -905,7 +779,7 @@ void TestCanvas::labelsDoNotOverlap()
 {
     const auto shotWith = [](int labels) {
         return drawn([labels](QPainter& painter) {
-            LabelLayer layer(painter);
+            LabelLayer layer(painter, painter.window());
             const LabelPlace place{QLineF(100, 100, 101, 100), false, false};
             for (int i = 0; i < labels; ++i) {
                 layer.add(place, QStringLiteral("label"), Qt::black);
@@ -916,8 +790,9 @@ void TestCanvas::labelsDoNotOverlap()
     QCOMPARE(shotWith(1), shotWith(2));
     // A line that is too short for a text along it gets none.
     const QImage none = drawn([](QPainter& painter) {
-        LabelLayer(painter).add({QLineF(100, 100, 110, 100), false, true},
-                                QStringLiteral("a long label"), Qt::black);
+        LabelLayer(painter, painter.window())
+            .add({QLineF(100, 100, 110, 100), false, true}, QStringLiteral("a long label"),
+                 Qt::black);
     });
     QVERIFY(inked(none).isNull());
 }
