@@ -106,9 +106,11 @@ private:
 ///   "bool", "int", "unsigned int", "unsigned short", "double", "string" (a std::string in UTF-8)
 ///   and "wide string" (a std::wstring). null is an empty value in both.
 ///
-/// An unknown key, a value of another type, a number out of range or an unknown name throws
-/// HintJsonError, and there is no tree. Keys that an editor ignores are allowed, and what it needs
-/// is not checked here.
+/// An unknown key, a value of another type, a number out of range (bounds in the wrong order and a
+/// "max_length" below 1 included), half a surrogate pair or an unknown name throws HintJsonError,
+/// and there is no tree. Keys that an editor ignores are allowed, and what it needs is not checked
+/// here. Nor is the text that the object came from: QJsonDocument makes an empty object of a bad
+/// one, and of a key that stands twice it keeps the last value.
 ZEL_QT_EXPORT HintTree hintsFromJson(const QJsonObject& description, const HintRegistry& registry);
 
 } // namespace zel::qt

@@ -6,6 +6,7 @@
 
 #include <QJsonArray>
 #include <QJsonDocument>
+#include <QLocale>
 #include <QStringList>
 
 #include <cmath>
@@ -68,7 +69,7 @@ QString describe(const QJsonValue& value)
     case QJsonValue::Bool:
         return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
     case QJsonValue::Double:
-        return QString::number(value.toDouble(), 'g', std::numeric_limits<double>::max_digits10);
+        return QString::number(value.toDouble(), 'g', QLocale::FloatingPointShortest);
     case QJsonValue::String:
         return value.toString().size() <= longest ? quoted(value.toString())
                                                   : QStringLiteral("a long text");
@@ -112,6 +113,10 @@ QString text(const Node& node)
     if (!node.value.isString()) {
         refuse(node, QStringLiteral("a text"));
     }
+    // Half a surrogate pair has no form in UTF-8, so another text would take its place.
+    if (!node.value.toString().isValidUtf16()) {
+        refuse(node, QStringLiteral("a text without half a surrogate pair"));
+    }
     return node.value.toString();
 }
 
@@ -132,16 +137,14 @@ double number(const Node& node)
 }
 
 template <class T>
-T integer(const Node& node)
+T integer(const Node& node, T lowest)
 {
     // All of them are exact as a double.
-    constexpr auto lowest = static_cast<double>(std::numeric_limits<T>::min());
-    constexpr auto highest = static_cast<double>(std::numeric_limits<T>::max());
+    constexpr T highest = std::numeric_limits<T>::max();
     const double given = node.value.toDouble(std::numeric_limits<double>::quiet_NaN());
-    if (!(given >= lowest && given <= highest) || std::trunc(given) != given) {
-        refuse(node, QStringLiteral("an integer from %1 to %2")
-                         .arg(std::numeric_limits<T>::min())
-                         .arg(std::numeric_limits<T>::max()));
+    if (!(given >= static_cast<double>(lowest) && given <= static_cast<double>(highest)) ||
+        std::trunc(given) != given) {
+        refuse(node, QStringLiteral("an integer from %1 to %2").arg(lowest).arg(highest));
     }
     return static_cast<T>(given);
 }
@@ -151,13 +154,9 @@ template <class T>
 const T& named(const Node& node, const HintRegistry& registry,
                const T* (HintRegistry::*find)(const QString&) const, const char* sort)
 {
-    const QString expected = QStringLiteral("the name of %1").arg(QLatin1String(sort));
-    if (!node.value.isString()) {
-        refuse(node, expected);
-    }
-    const T* thing = (registry.*find)(node.value.toString());
+    const T* thing = node.value.isString() ? (registry.*find)(node.value.toString()) : nullptr;
     if (thing == nullptr) {
-        refuse(node, expected);
+        refuse(node, QStringLiteral("the name of %1").arg(QLatin1String(sort)));
     }
     return *thing;
 }
@@ -184,15 +183,15 @@ boost::any readNumber(const Node& node, const HintRegistry& /*registry*/)
     return number(node);
 }
 
-template <class T>
+template <class T, T lowest = std::numeric_limits<T>::min()>
 boost::any readInteger(const Node& node, const HintRegistry& /*registry*/)
 {
-    return integer<T>(node);
+    return integer<T>(node, lowest);
 }
 
 boost::any readUnitId(const Node& node, const HintRegistry& /*registry*/)
 {
-    return units::UnitId(integer<int>(node));
+    return units::UnitId(integer<int>(node, std::numeric_limits<int>::min()));
 }
 
 boost::any readValidatorType(const Node& node, const HintRegistry& /*registry*/)
@@ -362,7 +361,8 @@ const ReaderTable& validatorReaders()
         {belowValidator(hint_keys::validatorType), readValidatorType},
         {belowValidator(hint_keys::validatorUnitId), readUnitId},
         {belowValidator(hint_keys::validatorKind), readValidatorKey},
-        {QLatin1String(validator_hint_keys::maxLength), readInteger<int>},
+        // A text that has to be shorter than one character could not stand in the field.
+        {QLatin1String(validator_hint_keys::maxLength), readInteger<int, 1>},
         {QLatin1String(validator_hint_keys::optional), readFlag},
         {QLatin1String(validator_hint_keys::precision), readInteger<int>},
         {QLatin1String(validator_hint_keys::entries), readValues},
@@ -421,6 +421,18 @@ bool isBound(const QString& key)
            key == QLatin1String(validator_hint_keys::maximum);
 }
 
+/// Refuses bounds in the wrong order: one of them would replace every number that the user types.
+void checkOrderOfBounds(const Node& validator)
+{
+    const Node minimum = member(validator, QLatin1String(validator_hint_keys::minimum));
+    const Node maximum = member(validator, QLatin1String(validator_hint_keys::maximum));
+    const double highest = maximum.value.toDouble(std::numeric_limits<double>::max());
+    if (minimum.value.toDouble(highest) > highest) {
+        refuse(minimum,
+               QStringLiteral("a number up to the maximum, %1").arg(describe(maximum.value)));
+    }
+}
+
 HintTree readValidator(const Node& node, const HintRegistry& registry)
 {
     if (!node.value.isObject()) {
@@ -454,6 +466,7 @@ HintTree readValidator(const Node& node, const HintRegistry& registry)
             append(hints, key, reader(member(node, key), registry));
         }
     }
+    checkOrderOfBounds(node);
     return hints;
 }
 

@@ -183,6 +183,7 @@ void HintJsonTest::extremesOfTheBounds()
              QString("unsigned int 0 unsigned int 4294967295"));
     QCOMPARE(bounds("unsigned short", "-0", "65535"),
              QString("unsigned short 0 unsigned short 65535"));
+    QCOMPARE(bounds("int", "7", "7"), QString("int 7 int 7"));
     QCOMPARE(bounds("double", "-1.5", "1.7976931348623157e308"),
              QString("double -1.5 double 1.7976931348623157e+308"));
 }
@@ -279,6 +280,7 @@ void HintJsonTest::valueLists_data()
     typed("double", "double", "3", "a=double 3; b=empty");
     typed("string", "string", R"("ä")", "a=string 'ä'; b=empty");
     typed("wide string", "wide string", R"("ä")", "a=wstring 'ä'; b=empty");
+    typed("surrogate pair", "string", R"("\ud83c\udfd7")", "a=string '\U0001F3D7'; b=empty");
 }
 
 void HintJsonTest::valueLists()
@@ -331,11 +333,13 @@ void HintJsonTest::refusals_data()
     row("unit id with a fraction", R"({"validator": {"unit_id": 13.5}})",
         "$.validator.unit_id: expected an integer from -2147483648 to 2147483647, found 13.5");
     row("length out of range", R"({"validator": {"max_length": 2147483648}})",
-        "$.validator.max_length: expected an integer from -2147483648 to 2147483647, "
-        "found 2147483648");
+        "$.validator.max_length: expected an integer from 1 to 2147483647, found 2147483648");
+    row("length without room", R"({"validator": {"max_length": 0}})",
+        "$.validator.max_length: expected an integer from 1 to 2147483647, found 0");
+    row("length below zero", R"({"validator": {"max_length": -1}})",
+        "$.validator.max_length: expected an integer from 1 to 2147483647, found -1");
     row("length as a text", R"({"validator": {"max_length": "3"}})",
-        "$.validator.max_length: expected an integer from -2147483648 to 2147483647, "
-        "found \"3\"");
+        "$.validator.max_length: expected an integer from 1 to 2147483647, found \"3\"");
     row("precision", R"({"validator": {"precision": true}})",
         "$.validator.precision: expected an integer from -2147483648 to 2147483647, found true");
     row("validator's flag", R"({"validator": {"optional": {}}})",
@@ -350,6 +354,23 @@ void HintJsonTest::refusals_data()
         "$.validator.maximum: a bound needs a \"kind\" beside it that names one type of numbers");
     row("bound as a text", R"({"validator": {"kind": {"type": "double"}, "minimum": "low"}})",
         "$.validator.minimum: expected a number, found \"low\"");
+    row("bounds in the wrong order",
+        R"({"validator": {"kind": {"type": "double"}, "minimum": 0.1, "maximum": -0.3}})",
+        "$.validator.minimum: expected a number up to the maximum, -0.3, found 0.1");
+    row("integer bounds in the wrong order",
+        R"({"validator": {"kind": {"type": "chained"}, "maximum": 3, "minimum": 4,
+            "chained_validators": [{"type": "unsigned short"}]}})",
+        "$.validator.minimum: expected a number up to the maximum, 3, found 4");
+    row("half a surrogate pair", R"({"editor": "a\ud83c"})",
+        R"($.editor: expected a text without half a surrogate pair, found "a\ud83c")");
+    row("half a pair as a value", R"({"values": {"type": "string", "entries": [["a", "\udfd7"]]}})",
+        R"($.values.entries[0][1]: expected a text without half a surrogate pair, found "\udfd7")");
+    row("half a pair as a name", R"({"values": [["\ud83cx", true]]})",
+        R"($.values[0][0]: expected a text without half a surrogate pair, found "\ud83cx")");
+    row("fraction as it is written", R"({"optional": 0.1})",
+        "$.optional: expected true or false, found 0.1");
+    row("fraction to its last digit", R"({"optional": 0.30000000000000004})",
+        "$.optional: expected true or false, found 0.30000000000000004");
     row("bound below zero", R"({"validator": {"kind": {"type": "unsigned short"}, "minimum": -1}})",
         "$.validator.minimum: expected an integer from 0 to 65535, found -1");
     row("bound with a fraction", R"({"validator": {"kind": {"type": "int"}, "minimum": 1.5}})",
