@@ -37,7 +37,7 @@ public:
     /// @param label title of the group box; without effect if there is none
     /// @param values the entries, not empty. Of two entries whose values are equivalent under
     ///        `lessFn` the later one is found by its value.
-    /// @param equalFn equality of values
+    /// @param equalFn equality of values; without it no two values are equal
     /// @param lessFn strict ordering of values. An empty function throws boost::bad_function_call
     ///        where values are looked up.
     /// @param layouter places the buttons and is needed during construction only; null for a

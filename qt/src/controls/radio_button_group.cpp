@@ -168,7 +168,7 @@ void MultiEditRadioButtonGroup::readValue(const boost::any& value)
     if (m_firstRead) {
         setValue(value);
         m_firstRead = false;
-    } else if (!m_dataVaries && !m_eq(value, getSelectedValue())) {
+    } else if (!m_dataVaries && (m_eq == nullptr || !m_eq(value, getSelectedValue()))) {
         // Unlike the other controls, a group tells that a reading made it vary.
         forceVaries();
         Q_EMIT valueChanged();

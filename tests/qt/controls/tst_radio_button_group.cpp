@@ -126,6 +126,7 @@ private Q_SLOTS:
     void resetChecksTheFirstAndEmitsOnce();
     void resetEnables();
     void stackConstructedGroupHearsItsButtons();
+    void withoutEqualityNothingIsEqual();
     void noValuesDoNotCrash();
     void orderOfReadingDoesNotMatter();
 };
@@ -496,6 +497,20 @@ void RadioButtonGroupTest::stackConstructedGroupHearsItsButtons()
     QCOMPARE(changed.count(), 1);
     QVERIFY(!group.dataVaries());
     QCOMPARE(boost::any_cast<int>(group.getCurrentValue()), 2);
+}
+
+void RadioButtonGroupTest::withoutEqualityNothingIsEqual()
+{
+    QWidget window;
+    MultiEditRadioButtonGroup* group = MultiEditRadioButtonGroup::create(
+        "Material", threeValues(), nullptr, lessInts, &window, nullptr, true, true);
+    QCOMPARE(takeExpressions(), QStringList{"equalFn"});
+    group->readValue(boost::any(2));
+    QVERIFY(!group->dataVaries());
+    // Nothing can be said of a second object, so nothing is decided for it.
+    group->readValue(boost::any(2));
+    QVERIFY(group->dataVaries());
+    QVERIFY(group->getCurrentValue().empty());
 }
 
 void RadioButtonGroupTest::noValuesDoNotCrash()
