@@ -22,6 +22,12 @@ bool isDigit(QChar c)
     return c >= QLatin1Char('0') && c <= QLatin1Char('9');
 }
 
+bool isHexDigit(QChar c)
+{
+    return isDigit(c) || (c >= QLatin1Char('a') && c <= QLatin1Char('f')) ||
+           (c >= QLatin1Char('A') && c <= QLatin1Char('F'));
+}
+
 class Parser
 {
 public:
@@ -277,10 +283,10 @@ private:
             bool ok = m_pos + 4 <= m_text.size();
             const QString digits = m_text.mid(m_pos, 4);
             for (const QChar digit : digits) {
-                ok = ok && digit.unicode() < 0x80 && digit.isLetterOrNumber();
+                ok = ok && isHexDigit(digit);
             }
-            const ushort code = ok ? digits.toUShort(&ok, 16) : ushort(0);
             if (ok) {
+                const ushort code = digits.toUShort(nullptr, 16);
                 for (int i = 0; i < 4; ++i) {
                     advance();
                 }
@@ -309,7 +315,7 @@ JsonPlace placeOfBadByte(const QByteArray& bytes, QTextCodec& codec)
     const QByteArray before = bytes.left(good);
     JsonPlace place;
     place.line += before.count('\n');
-    place.column += QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1)).size();
+    place.column += QString::fromUtf8(before.mid(before.lastIndexOf('\n') + 1)).toUcs4().size();
     return place;
 }
 

@@ -150,6 +150,8 @@ void TestJsonValue::refused_data()
     row("unknown escape", R"("\x41")", 1, 2, "an unknown escape inside a text");
     row("short escape", R"("\u12")", 1, 2, "an unknown escape inside a text");
     row("signed escape", R"("\u+123")", 1, 2, "an unknown escape inside a text");
+    row("prefixed escape", R"("\u0x41")", 1, 2, "an unknown escape inside a text");
+    row("escape of other letters", R"("\u00g1")", 1, 2, "an unknown escape inside a text");
     row("half a pair", R"("\ud83c")", 1, 1, "half a surrogate pair inside a text");
     row("character outside the basic plane", "[\xf0\x9f\x8f\x97]", 1, 2,
         "no value begins with \"\U0001F3D7\"");
@@ -158,6 +160,8 @@ void TestJsonValue::refused_data()
         "the name \"a\ufffd\ufffdb\" stands twice in one object");
     row("two values", "{} {}", 1, 4, "text behind the end of the JSON value");
     row("not UTF-8", "{\n\"a\": \"\xff\"}", 2, 7, "bytes that are not UTF-8");
+    row("not UTF-8 behind a wide character", "\"\xf0\x9f\x8f\x97\xff\"", 1, 3,
+        "bytes that are not UTF-8");
     row("cut UTF-8", "\"a\xc3", 1, 3, "bytes that are not UTF-8");
     row("deep", QByteArray(100, '['), 1, 66, "nested too deeply");
 }
