@@ -140,8 +140,9 @@ private:
         }
         FieldOutcome outcome;
         QString moved;
-        const auto connection =
-            QObject::connect(field, &PropertyField::committed, field, [&outcome, &moved, field] {
+        {
+            const QObject scope; // ends the connection, also when a text cannot be entered
+            QObject::connect(field, &PropertyField::committed, &scope, [&outcome, &moved, field] {
                 if (outcome.kind != FieldOutcome::Refused) {
                     outcome = field->lastOutcome();
                 }
@@ -149,8 +150,8 @@ private:
                     moved = outcome.message;
                 }
             });
-        enterText(*field, setting.second);
-        QObject::disconnect(connection);
+            enterText(*field, setting.second);
+        }
         if (outcome.kind == FieldOutcome::Refused) {
             throw RunError(outcome.message);
         }

@@ -38,7 +38,7 @@ void focus(QWidget* widget)
     QApplication::processEvents();
 }
 
-void typeInto(QLineEdit& edit, const QString& text)
+void typeInto(QLineEdit& edit, const PropertyField& field, const QString& text)
 {
     focus(&edit);
     press(&edit, Qt::Key_A, Qt::ControlModifier);
@@ -49,6 +49,11 @@ void typeInto(QLineEdit& edit, const QString& text)
     }
     if (edit.text() != text && edit.text().startsWith(text) && edit.hasSelectedText()) {
         press(&edit, Qt::Key_Delete); // a completion that nobody asked for
+    }
+    if (edit.text() != text) {
+        // Line breaks and the like have no key, and the rest alone is another text.
+        throw NoSuchChoice(QObject::tr("%1: the text has characters that cannot be typed")
+                               .arg(field.property().label));
     }
     pressReturn(&edit);
     QApplication::processEvents();
@@ -143,12 +148,12 @@ void enterText(PropertyField& field, const QString& text)
 {
     QWidget* editor = field.editor();
     if (zel::qt::MultiEditLineEdit* line = field.lineEdit()) {
-        typeInto(line->edit(), text);
+        typeInto(line->edit(), field, text);
     } else if (auto* group = qobject_cast<QGroupBox*>(editor)) {
         setGroupBox(*group, field, readFlag(field, text));
     } else if (auto* combo = editor->findChild<QComboBox*>()) {
         if (combo->isEditable()) {
-            typeInto(*combo->lineEdit(), text);
+            typeInto(*combo->lineEdit(), field, text);
         } else {
             pickFrom(*combo, field, text);
         }

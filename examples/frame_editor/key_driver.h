@@ -10,7 +10,7 @@ namespace frame_editor {
 
 class PropertyField;
 
-/// A text that no user could enter into an editor: there is no such choice.
+/// A text that no user could enter into an editor: there is no such choice, or no key types it.
 class NoSuchChoice : public std::runtime_error
 {
 public:
@@ -23,7 +23,7 @@ public:
 /// follows, so the field has an outcome afterwards, unless nothing was to be done.
 ///
 /// The window of the field has to be the active one.
-/// @throws NoSuchChoice before anything is pressed
+/// @throws NoSuchChoice before the end of editing, so nothing is written
 void enterText(PropertyField& field, const QString& text);
 
 } // namespace frame_editor

@@ -79,6 +79,9 @@ std::optional<int> takeArguments(int& argc, char** argv, CommandLine& line)
     QStringList arguments;
     for (int i = 1; i < argc; ++i) {
         arguments << QString::fromUtf8(argv[i]);
+        if (arguments.last().toUtf8() != argv[i]) {
+            return fail(QObject::tr("argument %1 is not UTF-8").arg(i));
+        }
     }
     QString error;
     if (!parseCommandLine(arguments, line, error)) {

@@ -29,6 +29,7 @@ private Q_SLOTS:
     void failedSaveLeavesNoPicture();
     void usage_data();
     void usage();
+    void argumentsInAnotherEncoding();
     void listAndPrint();
     void screenshot();
     void form();
@@ -153,6 +154,11 @@ void TestFrameEditor::written_data()
     row("thickness=15 mm", 0, "thickness", 15 * 0.001);
     row("elastic_modulus=2.05e5", 0, "elastic_modulus", 2.05e8);
     row("name=Column one", 0, "name", QStringLiteral("Column one"));
+    row("note=a\xf0\x9f\x8f\x97"
+        "b",
+        0, "note",
+        QStringLiteral("a\U0001F3D7"
+                       "b"));
     row("note=\xc3\xa4 \"b\" = c", 0, "note", QStringLiteral("\u00e4 \"b\" = c"));
     row("kind=Brace", 0, "kind", QStringLiteral("brace"));
     row("section=HEA 240", 0, "section", QStringLiteral("HEA 240"));
@@ -299,6 +305,10 @@ void TestFrameEditor::refused_data()
     row("long name", one("name=xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx"), "C1",
         "Name: \"xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx\" cannot stand here; "
         "nothing is written");
+    row("line break", one("note=first\nsecond"), "C1",
+        "Note: the text has characters that cannot be typed");
+    row("line break in a list", one("material=S2\n35"), "C1",
+        "Material: the text has characters that cannot be typed");
     row("disabled field", one("bedding_modulus=1"), "C1", "Bedding modulus: the field is disabled");
 }
 
@@ -366,6 +376,20 @@ void TestFrameEditor::usage()
     const Result result = run(arguments);
     QCOMPARE(result.err, QStringLiteral("frame_editor: ") + message + QLatin1Char('\n'));
     QCOMPARE(result.code, code);
+}
+
+void TestFrameEditor::argumentsInAnotherEncoding()
+{
+    // A shell, since Qt starts programs with arguments that it has encoded itself.
+    QProcess process;
+    process.start(QStringLiteral("sh"),
+                  {QStringLiteral("-c"),
+                   QStringLiteral("exec \"$0\" \"$1\" --set \"note=f$(printf '\\374')r\" --list"),
+                   QStringLiteral(FRAME_EDITOR_PROGRAM), model()});
+    QVERIFY(process.waitForFinished(120000));
+    QCOMPARE(QString::fromUtf8(process.readAllStandardError()),
+             QStringLiteral("frame_editor: argument 3 is not UTF-8\n"));
+    QCOMPARE(process.exitCode(), 2);
 }
 
 void TestFrameEditor::listAndPrint()

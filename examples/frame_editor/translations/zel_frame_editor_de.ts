@@ -94,6 +94,10 @@
         <translation>dies beschreibt keinen Editor</translation>
     </message>
     <message>
+        <source>the limits of a quantity are of the type &quot;double&quot;</source>
+        <translation>die Grenzen einer Größe sind vom Typ „double“</translation>
+    </message>
+    <message>
         <source>%1 is no unit set for this property</source>
         <translation>%1 ist keine Einheitengruppe für diese Eigenschaft</translation>
     </message>
@@ -240,6 +244,14 @@
     <message>
         <source>%1: there is no choice &quot;%2&quot;</source>
         <translation>%1: Es gibt keine Auswahl „%2“</translation>
+    </message>
+    <message>
+        <source>%1: the text has characters that cannot be typed</source>
+        <translation>%1: der Text hat Zeichen, die sich nicht tippen lassen</translation>
+    </message>
+    <message>
+        <source>argument %1 is not UTF-8</source>
+        <translation>Argument %1 ist nicht in UTF-8</translation>
     </message>
     <message>
         <source>%1: &quot;%2&quot; is neither yes nor no</source>

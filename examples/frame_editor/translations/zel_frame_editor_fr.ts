@@ -94,6 +94,10 @@
         <translation>ceci ne décrit aucun éditeur</translation>
     </message>
     <message>
+        <source>the limits of a quantity are of the type &quot;double&quot;</source>
+        <translation>les limites d’une grandeur sont du type «&#xa0;double&#xa0;»</translation>
+    </message>
+    <message>
         <source>%1 is no unit set for this property</source>
         <translation>%1 n’est pas un jeu d’unités pour cette propriété</translation>
     </message>
@@ -240,6 +244,14 @@
     <message>
         <source>%1: there is no choice &quot;%2&quot;</source>
         <translation>%1&#xa0;: il n’y a pas de choix «&#xa0;%2&#xa0;»</translation>
+    </message>
+    <message>
+        <source>%1: the text has characters that cannot be typed</source>
+        <translation>%1&#xa0;: le texte contient des caractères qu’aucune touche ne saisit</translation>
+    </message>
+    <message>
+        <source>argument %1 is not UTF-8</source>
+        <translation>l’argument %1 n’est pas en UTF-8</translation>
     </message>
     <message>
         <source>%1: &quot;%2&quot; is neither yes nor no</source>
