@@ -83,10 +83,17 @@ HintTree hintsOf(const FormField& field, const zel::qt::HintRegistry& registry)
             QStringLiteral("$.values"),
             QObject::tr("the entries of this property are named \"%1\"").arg(field.property->id));
     }
-    if (field.property->kind == PropertyKind::Quantity &&
-        !hints.get_child_optional("validator.unit_id")) {
-        hints.put_child("validator.unit_id",
-                        HintTree(boost::any(zel::units::UnitId(field.property->unitSet))));
+    if (field.property->kind == PropertyKind::Quantity) {
+        const auto kind = zel::qt::readHint<zel::qt::ValidatorKey>(hints, "validator.kind");
+        if (kind && kind->first != typeid(double)) {
+            throw zel::qt::HintJsonError(
+                QStringLiteral("$.validator.kind"),
+                QObject::tr("the limits of a quantity are of the type \"double\""));
+        }
+        if (!hints.get_child_optional("validator.unit_id")) {
+            hints.put_child("validator.unit_id",
+                            HintTree(boost::any(zel::units::UnitId(field.property->unitSet))));
+        }
     }
     hints.put_child("label", HintTree(boost::any(field.caption.toStdString())));
     return hints;

@@ -269,7 +269,7 @@ bool MainWindow::saveWithDialog()
 
 bool MainWindow::saveTo(const QString& fileName)
 {
-    m_panel->commitPending();
+    const QString refusal = m_panel->commitPending();
     try {
         m_document.saveAs(fileName);
     } catch (const FileError& error) {
@@ -277,19 +277,31 @@ bool MainWindow::saveTo(const QString& fileName)
         QMessageBox::warning(this, tr("The model cannot be saved"), error.message());
         return false;
     }
-    showStatus(tr("%1 saved").arg(QFileInfo(fileName).fileName()));
+    const QString saved = tr("%1 saved").arg(QFileInfo(fileName).fileName());
+    showStatus(refusal.isEmpty() ? saved : saved + QStringLiteral("; ") + refusal);
     return true;
 }
 
 bool MainWindow::mayDiscard()
 {
-    m_panel->commitPending();
-    if (!m_document.isModified()) {
+    // A text that is refused is no change of the model, but the user should not lose it unasked.
+    const QString refusal = m_panel->commitPending();
+    const bool modified = m_document.isModified();
+    if (!modified && refusal.isEmpty()) {
         return true;
     }
-    const QMessageBox::StandardButton answer = QMessageBox::question(
-        this, tr("Unsaved changes"), tr("The model has changes that are not saved."),
-        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, QMessageBox::Save);
+    QStringList reasons;
+    if (modified) {
+        reasons << tr("The model has changes that are not saved.");
+    }
+    if (!refusal.isEmpty()) {
+        reasons << refusal;
+    }
+    const QMessageBox::StandardButton answer =
+        QMessageBox::question(this, tr("Unsaved changes"), reasons.join(QLatin1Char('\n')),
+                              QMessageBox::Discard | QMessageBox::Cancel |
+                                  (modified ? QMessageBox::Save : QMessageBox::NoButton),
+                              modified ? QMessageBox::Save : QMessageBox::Cancel);
     if (answer == QMessageBox::Save) {
         return save();
     }

@@ -89,6 +89,14 @@ void PropertyField::watchEditor()
     for (QComboBox* combo : m_editor.editor->findChildren<QComboBox*>()) {
         combo->setFocusPolicy(Qt::StrongFocus);
         combo->installEventFilter(this);
+        m_typedInto = combo->lineEdit();
+    }
+    if (m_lineEdit) {
+        m_typedInto = &m_lineEdit->edit();
+    }
+    if (m_typedInto) {
+        connect(m_typedInto, &QLineEdit::textEdited, this,
+                [this](const QString& text) { m_typed = text; });
     }
     if (!m_lineEdit) {
         return;
@@ -98,7 +106,6 @@ void PropertyField::watchEditor()
     QLineEdit& edit = m_lineEdit->edit();
     edit.setStyleSheet(QString());
     edit.installEventFilter(this);
-    connect(&edit, &QLineEdit::textEdited, this, [this](const QString& text) { m_typed = text; });
     const QString key = historyName + m_property.id;
     m_lineEdit->setValueHistory(
         zel::ValueHistory::create(historyName.toStdWString(), key.toStdWString()));
@@ -127,7 +134,7 @@ void PropertyField::load(const QVector<int>& members)
         m_editor.setValue(
             toEditorValue(m_display, m_property.get(m_document.model().members.at(first))));
     }
-    m_shown = m_lineEdit ? m_lineEdit->edit().text() : QString();
+    m_shown = m_typedInto ? m_typedInto->text() : QString();
 }
 
 void PropertyField::showNothingTyped()
@@ -166,8 +173,13 @@ bool PropertyField::varies() const
 
 void PropertyField::commitPending()
 {
-    if (isPending()) {
+    if (!isPending()) {
+        return;
+    }
+    if (m_lineEdit) {
         m_lineEdit->onEditingFinished();
+    } else {
+        onValueChanged();
     }
 }
 
@@ -221,6 +233,7 @@ FieldOutcome PropertyField::commitChoice()
 {
     boost::any value;
     if (!m_editor.getValue(value)) {
+        m_typed.reset();
         return {};
     }
     const std::optional<PropertyValue> converted = fromEditorValue(m_display, value);

@@ -10,6 +10,8 @@
 #include <memory>
 #include <optional>
 
+class QLineEdit;
+
 namespace zel::qt {
 class MultiEditControlBase;
 class MultiEditLineEdit;
@@ -98,7 +100,8 @@ private:
     zel::qt::EditorMetaData m_editor;
     zel::qt::MultiEditControlBase* m_control = nullptr;
     zel::qt::MultiEditLineEdit* m_lineEdit = nullptr; ///< null for a choice
-    QuantityEdit* m_quantity = nullptr;               ///< null for what is no quantity
+    QLineEdit* m_typedInto = nullptr;   ///< of the line edit, or of a choice that can be typed
+    QuantityEdit* m_quantity = nullptr; ///< null for what is no quantity
     std::unique_ptr<zel::qt::OnValueChangedHook> m_hook;
     QVector<int> m_members;
     QString m_shown;                ///< the text that the field showed when it was loaded

@@ -36,6 +36,13 @@ HintTree groupHints(const QString& caption)
     return hints;
 }
 
+/// A text of a form with its ampersands, which captions and titles else take for the mark of a
+/// shortcut.
+QString withoutMnemonic(const QString& text)
+{
+    return QString(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
 } // namespace
 
 PropertyPanel::PropertyPanel(Document& document, UnitSettings& units, const Form& form,
@@ -91,13 +98,18 @@ const Form& PropertyPanel::form() const
     return m_form;
 }
 
-void PropertyPanel::commitPending()
+QString PropertyPanel::commitPending()
 {
     // By a copy: a commit makes the document tell its views.
     const std::vector<PropertyField*> fields = m_fields;
+    QString refusal;
     for (PropertyField* field : fields) {
         field->commitPending();
+        if (field->isPending() && refusal.isEmpty()) {
+            refusal = field->lastOutcome().message;
+        }
     }
+    return refusal;
 }
 
 QSize PropertyPanel::sizeHint() const
@@ -152,7 +164,7 @@ void PropertyPanel::addGroup(const FormGroup& group, const zel::qt::HintRegistry
         layout->addWidget(box);
         addSwitch(field, layout);
     } else {
-        box = new QGroupBox(group.title, m_content);
+        box = new QGroupBox(withoutMnemonic(group.title), m_content);
         layout->addWidget(box);
     }
     zel::qt::PropertyGridLayouter layouter;
@@ -257,16 +269,17 @@ void PropertyPanel::alignColumns()
 
 QString PropertyPanel::withMnemonic(const QString& caption)
 {
-    for (int i = 0; i < caption.size(); ++i) {
-        const QChar letter = caption.at(i).toLower();
+    const QString shown = withoutMnemonic(caption);
+    for (int i = 0; i < shown.size(); ++i) {
+        const QChar letter = shown.at(i).toLower();
         // Letters with an accent are on few keyboards.
         if (letter.isLetter() && letter.decomposition().isEmpty() &&
             !m_mnemonics.contains(letter)) {
             m_mnemonics.insert(letter);
-            return QString(caption).insert(i, QLatin1Char('&'));
+            return QString(shown).insert(i, QLatin1Char('&'));
         }
     }
-    return caption;
+    return shown;
 }
 
 void PropertyPanel::load()

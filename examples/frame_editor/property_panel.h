@@ -40,7 +40,8 @@ public:
 
     /// Ends the editing of a text that was typed and not taken yet: to be called before the model
     /// changes by other means than this panel.
-    void commitPending();
+    /// @return why a text is refused that goes on standing in its field; empty if all were taken
+    QString commitPending();
 
     QSize sizeHint() const override;
 

@@ -4,12 +4,14 @@
 #include "tests/helpers/checked_test.h"
 
 #include <QAbstractItemView>
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QWheelEvent>
 
 using namespace frame_editor;
@@ -53,6 +55,9 @@ private Q_SLOTS:
     void materialTyped();
     void materialRefused();
     void materialLeft();
+    void materialBeingTyped_data();
+    void materialBeingTyped();
+    void materialEscaped();
     void radioButtons();
     void checkBox();
     void checkBoxWhileVarying();
@@ -259,6 +264,84 @@ void TestChoiceFields::materialLeft()
     stage.tab();
     QCOMPARE(combo.currentText(), varies);
     QCOMPARE(stage.steps(), 0);
+}
+
+void TestChoiceFields::materialBeingTyped_data()
+{
+    QTest::addColumn<QString>("means");
+    QTest::newRow("save") << "save";
+    QTest::newRow("other selection") << "select";
+    QTest::newRow("other units") << "units";
+    QTest::newRow("other form") << "form";
+    QTest::newRow("undo and redo") << "redo";
+}
+
+void TestChoiceFields::materialBeingTyped()
+{
+    // A shortcut leaves the focus where it is, and the text counts all the same.
+    QFETCH(QString, means);
+    QTemporaryDir folder;
+    const QString fileName = folder.filePath(QStringLiteral("m.json"));
+    EditorStage stage;
+    stage.document.saveAs(fileName);
+    stage.select({0});
+    auto& combo = stage.inside<QComboBox>("material");
+    combo.setFocus(Qt::TabFocusReason);
+    combo.lineEdit()->selectAll();
+    QTest::keyClicks(&combo, QStringLiteral("S235"));
+    // What changes elsewhere leaves it alone.
+    stage.document.setMemberValues(*findMemberProperty(QStringLiteral("moment")), {{0, 4.0}});
+    QCOMPARE(combo.currentText(), QStringLiteral("S235"));
+    QCOMPARE(stage.member(0).material, QStringLiteral("S355"));
+    if (means == QLatin1String("save")) {
+        QVERIFY(stage.window.save());
+        QCOMPARE(loadModel(fileName).members.at(0).material, QStringLiteral("S235"));
+    } else if (means == QLatin1String("select")) {
+        stage.select({1});
+        QCOMPARE(combo.currentText(), QStringLiteral("S355"));
+        QCOMPARE(stage.member(1).material, QStringLiteral("S355"));
+    } else if (means == QLatin1String("units")) {
+        stage.units.setColumn(8);
+    } else if (means == QLatin1String("form")) {
+        stage.window.panel().setForm(builtInForm());
+    } else {
+        stage.window.findChild<QAction*>(QStringLiteral("undo"))->trigger();
+        QCOMPARE(stage.member(0).material, QStringLiteral("S355"));
+        QCOMPARE(combo.currentText(), QStringLiteral("S355"));
+        QCOMPARE(stage.member(0).moment, 4.0);
+        stage.window.findChild<QAction*>(QStringLiteral("redo"))->trigger();
+    }
+    QCOMPARE(stage.member(0).material, QStringLiteral("S235"));
+    QCOMPARE(stage.steps(), 2);
+    // Taken once and for all.
+    stage.window.panel().commitPending();
+    QCOMPARE(stage.steps(), 2);
+}
+
+void TestChoiceFields::materialEscaped()
+{
+    EditorStage stage;
+    stage.select({0});
+    auto& combo = stage.inside<QComboBox>("material");
+    combo.setFocus(Qt::TabFocusReason);
+    combo.lineEdit()->selectAll();
+    QTest::keyClicks(&combo, QStringLiteral("Wood"));
+    QTest::keyClick(&combo, Qt::Key_Escape);
+    QCOMPARE(combo.currentText(), QStringLiteral("S355"));
+    QCOMPARE(stage.window.panel().commitPending(), QString());
+    // A refused text stays for the user to mend; an entry chosen in its place counts.
+    combo.lineEdit()->selectAll();
+    QTest::keyClicks(&combo, QStringLiteral("Wood"));
+    const QString refusal =
+        QStringLiteral("Material: \"Wood\" is not in the list; nothing is written");
+    QCOMPARE(stage.window.panel().commitPending(), refusal);
+    stage.document.setMemberValues(*findMemberProperty(QStringLiteral("moment")), {{0, 4.0}});
+    QCOMPARE(combo.currentText(), QStringLiteral("Wood"));
+    combo.showPopup();
+    QTest::keyClick(combo.view(), Qt::Key_Home);
+    QTest::keyClick(combo.view(), Qt::Key_Return);
+    QCOMPARE(stage.window.panel().commitPending(), QString());
+    QCOMPARE(stage.member(0).material, combo.itemText(0));
 }
 
 void TestChoiceFields::radioButtons()

@@ -7,6 +7,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QGroupBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QSignalSpy>
@@ -49,6 +50,7 @@ private Q_SLOTS:
     void refusedGroups_data();
     void refusedGroups();
     void fieldOfTheUser();
+    void captionsKeepTheirAmpersands();
     void otherForm();
     void otherFormTakesWhatIsBeingTyped();
     void badFormInTheWindow();
@@ -124,6 +126,21 @@ void TestForm::refused_data()
         R"({"property": "moment", "hints": {"editor": "quantity", "validator": )"
         R"({"kind": {"type": "double"}, "minimum": "low"}}})",
         "33: $.groups[0].fields[0].hints.validator.minimum: expected a number, found \"low\"");
+    row("limits of another type",
+        R"({"property": "moment", "hints": {"editor": "quantity", "validator": )"
+        R"({"kind": {"type": "int"}, "minimum": 1}}})",
+        "33: $.groups[0].fields[0].hints.validator.kind: the limits of a quantity are of the type "
+        "\"double\"");
+    row("limits in the wrong order",
+        R"({"property": "moment", "hints": {"editor": "quantity", "validator": )"
+        R"({"kind": {"type": "double"}, "minimum": 10, "maximum": -10}}})",
+        "33: $.groups[0].fields[0].hints.validator.minimum: expected a number up to the maximum, "
+        "-10, found 10");
+    row("no room for a text",
+        R"({"property": "note", "hints": {"editor": "lineedit", )"
+        R"("validator": {"type": "string", "max_length": 0}}})",
+        "31: $.groups[0].fields[0].hints.validator.max_length: expected an integer from 1 to "
+        "2147483647, found 0");
     row("unit set of another quantity",
         R"({"property": "moment", "hints": {"editor": "quantity", "validator": {"unit_id": 1001}}})",
         "33: $.groups[0].fields[0].hints: 1001 is no unit set for this property");
@@ -214,6 +231,31 @@ void TestForm::fieldOfTheUser()
     stage.enter("thickness", QStringLiteral("1 m"));
     QCOMPARE(stage.member(1).thickness, 0.05);
     QCOMPARE(stage.status(), QStringLiteral("Thickness: limited to 50.00 mm, \"1 m\" was typed"));
+}
+
+void TestForm::captionsKeepTheirAmpersands()
+{
+    EditorStage stage;
+    QByteArray form = formWith(
+        R"({"property": "thickness", "caption": "R & D", "hints": {"editor": "quantity"}},)"
+        R"({"property": "hinge_end", "caption": "A&B", "hints": {"editor": "check"}})");
+    form.replace("\"G\"", "\"Loads & more\"");
+    stage.window.panel().setForm(readForm(form, QStringLiteral("f.json")));
+    stage.select({0});
+    // As it is drawn: one ampersand marks a shortcut, two are one to see.
+    const auto drawn = [](QString text) {
+        const QString mark(QChar(0xfffc));
+        text.replace(QStringLiteral("&&"), mark);
+        return text.remove(QLatin1Char('&')).replace(mark, QStringLiteral("&"));
+    };
+    QStringList texts;
+    for (const QLabel* label : stage.window.panel().findChildren<QLabel*>()) {
+        texts << drawn(label->text());
+    }
+    QVERIFY(texts.contains(QStringLiteral("R & D")));
+    QCOMPARE(drawn(stage.inside<QCheckBox>("hinge_end").text()), QStringLiteral("A&B"));
+    QCOMPARE(drawn(stage.window.panel().findChild<QGroupBox*>()->title()),
+             QStringLiteral("Loads & more"));
 }
 
 void TestForm::otherForm()

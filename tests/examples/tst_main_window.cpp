@@ -6,6 +6,7 @@
 #include "tests/helpers/view_stage.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QFile>
 #include <QGroupBox>
 #include <QLabel>
@@ -56,7 +57,10 @@ private Q_SLOTS:
     void closeAndDiscard();
     void closeAndCancel();
     void closeTakesWhatIsBeingTyped();
+    void closeTakesATypedChoice();
+    void closeAsksForARefusedText();
     void closeWithFailedSave();
+    void saveTellsOfARefusedText();
     void badFile();
     void goodFile();
     void undoTexts();
@@ -135,6 +139,65 @@ void TestMainWindow::closeTakesWhatIsBeingTyped()
     QVERIFY(!stage.window.close());
     QVERIFY(!answer.text.isEmpty());
     QCOMPARE(stage.member(0).lineLoad, 1.5);
+}
+
+void TestMainWindow::closeTakesATypedChoice()
+{
+    EditorStage stage;
+    stage.select({0});
+    auto& combo = stage.inside<QComboBox>("material");
+    combo.setFocus(Qt::TabFocusReason);
+    combo.lineEdit()->selectAll();
+    QTest::keyClicks(&combo, QStringLiteral("S235"));
+    QCOMPARE(stage.steps(), 0);
+    Answer answer(QMessageBox::Cancel);
+    QVERIFY(!stage.window.close());
+    QCOMPARE(answer.text, QStringLiteral("The model has changes that are not saved."));
+    QCOMPARE(stage.member(0).material, QStringLiteral("S235"));
+    QCOMPARE(stage.steps(), 1);
+}
+
+void TestMainWindow::closeAsksForARefusedText()
+{
+    EditorStage stage;
+    stage.select({0});
+    stage.type("line_load", QStringLiteral("2,5"));
+    const QString refusal =
+        QStringLiteral("Line load: \"2,5\": decimals stand behind a point; nothing is written");
+    {
+        Answer answer(QMessageBox::Cancel);
+        QVERIFY(!stage.window.close());
+        QCOMPARE(answer.text, refusal);
+        QCOMPARE(stage.text("line_load"), QStringLiteral("2,5"));
+    }
+    stage.enter("moment", QStringLiteral("5"));
+    {
+        Answer answer(QMessageBox::Cancel);
+        QVERIFY(!stage.window.close());
+        QCOMPARE(answer.text,
+                 QStringLiteral("The model has changes that are not saved.\n") + refusal);
+    }
+    stage.document.undoStack().undo();
+    Answer answer(QMessageBox::Discard);
+    QVERIFY(stage.window.close());
+    QCOMPARE(answer.text, refusal);
+}
+
+void TestMainWindow::saveTellsOfARefusedText()
+{
+    QTemporaryDir folder;
+    EditorStage stage;
+    stage.document.saveAs(folder.filePath(QStringLiteral("m.json")));
+    stage.select({0});
+    stage.type("line_load", QStringLiteral("2,5"));
+    QVERIFY(stage.window.save());
+    QCOMPARE(stage.status(),
+             QStringLiteral("m.json saved; Line load: \"2,5\": decimals stand behind a point; "
+                            "nothing is written"));
+    QCOMPARE(stage.text("line_load"), QStringLiteral("2,5"));
+    stage.enter("line_load", QStringLiteral("2.5"));
+    QVERIFY(stage.window.save());
+    QCOMPARE(stage.status(), QStringLiteral("m.json saved"));
 }
 
 void TestMainWindow::closeWithFailedSave()
