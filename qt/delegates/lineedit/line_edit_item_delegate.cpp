@@ -6,6 +6,7 @@
 #include "qt/inc/detail/line_edit_impl.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 #include <QMap>
 #include <QPainter>
 #include <QPixmap>
@@ -33,6 +34,33 @@ void MyLineEdit::emitEditingFinished()
 namespace {
 
 constexpr unsigned int borderlessFlag = 1;
+
+/// Keeps an edit from hearing that it loses the focus.
+struct FocusKeeper : QObject
+{
+    bool eventFilter(QObject* /*object*/, QEvent* event) override
+    {
+        return event->type() == QEvent::FocusOut;
+    }
+};
+
+/// The function of an editor's button. It may ask the user in a window of its own, and what comes
+/// of that is for the editor, whose editing goes on meanwhile.
+QString runKeepingOpen(const boost::function<QString(const QString&)>& fn,
+                       detail::LineEditImpl* editor, const QString& text)
+{
+    const QPointer<QWidget> alive = editor;
+    QString result;
+    {
+        FocusKeeper keeper;
+        editor->installEventFilter(&keeper);
+        result = fn(text);
+    }
+    if (alive && alive->window()->focusWidget() != alive) {
+        alive->setFocus();
+    }
+    return result;
+}
 
 bool hasTypedValue(const QModelIndex& index)
 {
@@ -79,7 +107,9 @@ QWidget* LineEditItemDelegate::createEditor(QWidget* parent, const QStyleOptionV
     }
     auto* editor = new detail::LineEditImpl(parent, borderlessFlag);
     if (!m_buttonFn.empty()) {
-        editor->addButton(m_buttonFn, QPixmap());
+        editor->addButton([fn = m_buttonFn, editor](
+                              const QString& text) { return runKeepingOpen(fn, editor, text); },
+                          QPixmap());
     }
     editor->installEventFilter(const_cast<LineEditItemDelegate*>(this));
     connect(editor, &QLineEdit::editingFinished, this, &LineEditItemDelegate::commitAndCloseEditor);

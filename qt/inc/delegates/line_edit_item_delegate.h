@@ -43,7 +43,8 @@ public:
     /// @param validator shared with the caller; not null where cells are to be edited
     LineEditItemDelegate(boost::shared_ptr<IValidator> validator, QObject* parent);
     /// @param buttonFn function of a button inside the editor: from the present text to a new one;
-    ///                 an empty function gives no button
+    ///                 an empty function gives no button. It may ask the user: the editor stays
+    ///                 open while it runs.
     LineEditItemDelegate(boost::shared_ptr<IValidator> validator,
                          boost::function<QString(const QString&)> buttonFn, QObject* parent);
     ~LineEditItemDelegate() override;

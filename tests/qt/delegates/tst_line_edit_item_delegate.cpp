@@ -124,8 +124,11 @@ private Q_SLOTS:
     void valueConvertedFromAnotherType();
     void wrongEditor();
     void button();
+    void buttonThatAsksTheUser_data();
+    void buttonThatAsksTheUser();
     void noButton();
     void commitOnlyLeavesTheEditorOpen();
+    void commitOnlyDeliversWhatIsPending();
     void slotOrder();
     void editorFillsItsCell();
     void closesWith_data();
@@ -362,6 +365,7 @@ void LineEditItemDelegateTest::button()
     auto* inner = editor->findChild<QToolButton*>();
     QVERIFY(inner != nullptr);
     QVERIFY(!inner->icon().isNull());
+    QCOMPARE(editor->minimumHeight(), 16); // that of an edit without a frame
     QTest::mouseClick(inner, Qt::LeftButton);
     QCOMPARE(editor->text(), QString("110"));
     QCOMPARE(editor->selectedText(), QString("110"));
@@ -369,6 +373,72 @@ void LineEditItemDelegateTest::button()
     QVERIFY(editor->isVisible());
     QTest::keyClick(editor, Qt::Key_Return);
     settle();
+    QCOMPARE(f.model.itemWrites, 1);
+    QCOMPARE(boost::any_cast<int>(f.model.value(0, 1)), 110);
+}
+
+void LineEditItemDelegateTest::buttonThatAsksTheUser_data()
+{
+    QTest::addColumn<QString>("what");
+    QTest::newRow("dialog") << "dialog";
+    QTest::newRow("dialog, behind a forwarding delegate") << "forward";
+    QTest::newRow("focus to another widget") << "focus";
+    QTest::newRow("row removed meanwhile") << "removed";
+    QTest::newRow("view gone meanwhile") << "view gone";
+}
+
+void LineEditItemDelegateTest::buttonThatAsksTheUser()
+{
+    // The question takes the focus away from the edit, but the answer is still to come into it.
+    QFETCH(QString, what);
+    Fixture f;
+    const auto ask = [&](const QString& text) {
+        QWidget question;
+        if (what == "focus") {
+            f.elsewhere->setFocus();
+        } else {
+            question.show();
+            QApplication::setActiveWindow(&question);
+        }
+        if (what == "removed") {
+            f.model.removeRows(0, 1);
+        } else if (what == "view gone") {
+            delete std::exchange(f.view, nullptr);
+        }
+        QEventLoop loop;
+        QTimer::singleShot(0, &loop, [&] { QTimer::singleShot(0, &loop, &QEventLoop::quit); });
+        loop.exec();
+        return text + "0";
+    };
+    auto* delegate = new LineEditItemDelegate(f.validator, ask, f.view);
+    if (what == "forward") {
+        auto* chosen = new ForwardDelegate(*f.view);
+        chosen->setItemDelegate(delegate);
+        f.view->setItemDelegate(chosen);
+    } else {
+        f.view->setItemDelegate(delegate);
+    }
+    QVERIFY(f.show());
+    f.elsewhere->setFocusPolicy(Qt::StrongFocus);
+    QPointer<detail::LineEditImpl> editor = f.open(0, 1);
+    QVERIFY(editor != nullptr);
+    QTest::mouseClick(editor->findChild<QToolButton*>(), Qt::LeftButton);
+    QCOMPARE(f.model.itemWrites, 0);
+    if (what == "removed" || what == "view gone") {
+        settle();
+        QVERIFY(!editor);
+        return;
+    }
+    QVERIFY(editor != nullptr);
+    QVERIFY(editor->isVisible());
+    QCOMPARE(editor->selectedText(), QString("110"));
+    QApplication::setActiveWindow(&f.window);
+    settle();
+    QVERIFY(editor != nullptr);
+    QVERIFY(editor->hasFocus());
+    QTest::keyClick(editor, Qt::Key_Return);
+    settle();
+    QVERIFY(!editor);
     QCOMPARE(f.model.itemWrites, 1);
     QCOMPARE(boost::any_cast<int>(f.model.value(0, 1)), 110);
 }
@@ -412,6 +482,34 @@ void LineEditItemDelegateTest::commitOnlyLeavesTheEditorOpen()
     QCOMPARE(f.commits, 3);
     QCOMPARE(f.hints, QList<int>{int(QAbstractItemDelegate::NoHint)});
     QVERIFY(f.editor() == editor);
+}
+
+void LineEditItemDelegateTest::commitOnlyDeliversWhatIsPending()
+{
+    struct Edit : QLineEdit
+    {
+        bool event(QEvent* e) override
+        {
+            received += e->type() == QEvent::User ? 1 : 0;
+            return QLineEdit::event(e);
+        }
+        int received = 0;
+    };
+    Fixture f;
+    Edit edit;
+    Edit other;
+    QVERIFY(QObject::connect(&edit, SIGNAL(returnPressed()), f.delegate, SLOT(commitOnly())));
+    QList<int> receivedAtTheCommit;
+    connect(f.delegate, &QAbstractItemDelegate::commitData, this,
+            [&] { receivedAtTheCommit << edit.received; });
+    QCoreApplication::postEvent(&edit, new QEvent(QEvent::User));
+    QCoreApplication::postEvent(&other, new QEvent(QEvent::User));
+    Q_EMIT edit.returnPressed();
+    disconnect(f.delegate, nullptr, this, nullptr);
+    QCOMPARE(receivedAtTheCommit, QList<int>{0}); // only after it
+    QCOMPARE(edit.received, 1);
+    QCOMPARE(other.received, 0);
+    QCOMPARE(f.hints, QList<int>());
 }
 
 void LineEditItemDelegateTest::slotOrder()
