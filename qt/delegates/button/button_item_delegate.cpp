@@ -55,6 +55,7 @@ QWidget* ButtonItemDelegate::createEditor(QWidget* parent, const QStyleOptionVie
     const QPointer<const ButtonItemDelegate> self = this;
     const auto editFn = m_editFn;
     const QModelIndex pressed = index;
+    const QPointer<QWidget> shown = parent;
 
     m_pressed.insert(pressed);
     parent->repaint(); // at once: the event loop may not run before the function is through
@@ -64,6 +65,9 @@ QWidget* ButtonItemDelegate::createEditor(QWidget* parent, const QStyleOptionVie
     }
     if (self) {
         m_pressed.erase(pressed);
+    }
+    if (shown) {
+        shown->update();
     }
     return nullptr;
 }

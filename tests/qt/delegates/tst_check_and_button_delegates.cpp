@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
 #include <QProxyStyle>
@@ -101,6 +102,7 @@ private Q_SLOTS:
     void triggerRunsTheFunctionOnce_data();
     void triggerRunsTheFunctionOnce();
     void paintsSunkenWhileTheFunctionRuns();
+    void looksRaisedAfterwards();
     void otherCellsStayRaised();
     void throwingFunction();
     void appearance_data();
@@ -204,8 +206,16 @@ void CheckAndButtonDelegatesTest::checkBoxForwards()
     QWidget other(&parent);
     delegate.updateEditorGeometry(&other, option, index);
     QVERIFY(other.geometry().isValid());
-    delegate.setEditorData(&other, index);
-    delegate.setModelData(&other, &model, index);
+
+    QLineEdit edit(&parent);
+    edit.setText("old");
+    delegate.setEditorData(&edit, index); // from Qt::EditRole, which the model does not have
+    QCOMPARE(edit.text(), QString());
+    edit.setText("new");
+    delegate.setModelData(&edit, &model, index);
+    QCOMPARE(int(model.writes.size()), 1);
+    QCOMPARE(model.writes[0].role, int(Qt::EditRole));
+    QCOMPARE(model.writes[0].value, QVariant("new"));
 }
 
 void CheckAndButtonDelegatesTest::checkBoxSlot()
@@ -316,6 +326,25 @@ void CheckAndButtonDelegatesTest::paintsSunkenWhileTheFunctionRuns()
         QVERIFY(button.state.testFlag(QStyle::State_Raised));
         QVERIFY(!button.state.testFlag(QStyle::State_Sunken));
     }
+}
+
+void CheckAndButtonDelegatesTest::looksRaisedAfterwards()
+{
+    // Nobody but the delegate knows that the cell has to be drawn anew.
+    StyleInForce inForce;
+    TypedTableModel model(1, 1);
+    QTableView view;
+    ButtonItemDelegate delegate([](QAbstractItemModel*, const QModelIndex&) {}, &view);
+    view.setModel(&model);
+    view.setItemDelegate(&delegate);
+    QVERIFY(showActive(view));
+    view.setCurrentIndex(model.index(0, 0));
+    QTest::qWait(0);
+    inForce.style->buttons.clear();
+    QTest::keyClick(&view, Qt::Key_F2);
+    QVERIFY(!inForce.style->buttons.empty());
+    QVERIFY(inForce.style->buttons.back().state.testFlag(QStyle::State_Sunken));
+    QTRY_VERIFY(inForce.style->buttons.back().state.testFlag(QStyle::State_Raised));
 }
 
 void CheckAndButtonDelegatesTest::otherCellsStayRaised()
