@@ -4,7 +4,9 @@
 
 #include <QAbstractItemModel>
 #include <QAbstractItemView>
+#include <QPersistentModelIndex>
 #include <QPointer>
+#include <QVector>
 
 namespace zel::qt {
 
@@ -95,13 +97,26 @@ void ForwardDelegate::setEditorData(QWidget* editor, const QModelIndex& index) c
 void ForwardDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                    const QModelIndex& index) const
 {
-    // No editor is closed while its value is being written, even if the model runs the event loop:
-    // the view that is committing goes on with the editor.
-    const ZEL_QT_SignalBlocker blocker(const_cast<ForwardDelegate*>(this));
-    if (const auto* inner = get_cell_delegate(index.row(), index.column())) {
-        inner->setModelData(editor, model, index);
-    } else {
-        QStyledItemDelegate::setModelData(editor, model, index);
+    const QPointer<ForwardDelegate> self = const_cast<ForwardDelegate*>(this);
+    // The height of a row may follow the value.
+    QVector<QPersistentModelIndex> resized;
+    {
+        // No editor is closed while its value is being written, even if the model runs the event
+        // loop: the view that is committing goes on with the editor.
+        const ZEL_QT_SignalBlocker blocker(self);
+        if (const auto* inner = get_cell_delegate(index.row(), index.column())) {
+            QObject context;
+            connect(inner, &QAbstractItemDelegate::sizeHintChanged, &context,
+                    [&resized](const QModelIndex& changed) { resized.append(changed); });
+            inner->setModelData(editor, model, index);
+        } else {
+            QStyledItemDelegate::setModelData(editor, model, index);
+        }
+    }
+    for (const QModelIndex& changed : qAsConst(resized)) {
+        if (self && changed.isValid()) {
+            Q_EMIT self->sizeHintChanged(changed);
+        }
     }
 }
 

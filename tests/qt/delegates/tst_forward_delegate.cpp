@@ -1,3 +1,4 @@
+#include "qt/inc/controls.h"
 #include "qt/inc/delegates.h"
 #include "tests/helpers/active_window.h"
 #include "tests/helpers/checked_test.h"
@@ -6,7 +7,9 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QComboBox>
 #include <QEventLoop>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
@@ -138,6 +141,8 @@ private Q_SLOTS:
     void replacedDelegateIsSilent_data();
     void replacedDelegateIsSilent();
     void editsThroughTheChosenDelegate();
+    void sizeHintChangesWithTheValue();
+    void choosesInAComboByMouse();
     void modelThatAsksTheUser();
     void modelOutlivesTheView();
     void closesWithOpenEditor_data();
@@ -461,6 +466,67 @@ void ForwardDelegateTest::editsThroughTheChosenDelegate()
     QCOMPARE(f.model.itemWrites, 1);
     QCOMPARE(boost::any_cast<int>(f.model.value(1, 1)), 42);
     QVERIFY(f.view.hasFocus());
+}
+
+void ForwardDelegateTest::sizeHintChangesWithTheValue()
+{
+    // The height of a row may follow its text.
+    struct Growing : NamedDelegate
+    {
+        using NamedDelegate::NamedDelegate;
+        void setModelData(QWidget*, QAbstractItemModel*, const QModelIndex& index) const override
+        {
+            Q_EMIT const_cast<Growing*>(this)->sizeHintChanged(index);
+        }
+    };
+    Fixture f;
+    Growing growing(105);
+    f.delegate->setItemDelegateForRow(2, &growing);
+    QList<QModelIndex> changed;
+    connect(f.delegate, &QAbstractItemDelegate::sizeHintChanged, this,
+            [&](const QModelIndex& index) { changed << index; });
+    QWidget editor;
+    f.delegate->setModelData(&editor, &f.model, f.model.index(2, 1));
+    QCOMPARE(changed, QList<QModelIndex>{f.model.index(2, 1)});
+    disconnect(f.delegate, nullptr, this, nullptr);
+}
+
+void ForwardDelegateTest::choosesInAComboByMouse()
+{
+    Fixture f;
+    ComboItemDelegate combos(
+        nullptr,
+        [](MultiEditEnumBox& box, const QModelIndex&) {
+            box.setValues({{"IPE 200", 1}, {"IPE 300", 2}, {"HEB 200", 3}});
+        },
+        [](const boost::any& a, const boost::any& b) {
+            return boost::any_cast<int>(a) == boost::any_cast<int>(b);
+        },
+        nullptr);
+    f.delegate->setItemDelegateForColumn(1, &combos);
+    f.model.put(1, 1, 1, "IPE 200");
+    f.view.horizontalHeader()->setDefaultSectionSize(150);
+    QVERIFY(showActive(f.view));
+    int closes = 0;
+    connect(f.delegate, &QAbstractItemDelegate::closeEditor, this, [&] { ++closes; });
+    f.view.edit(f.model.index(1, 1));
+    QPointer<MultiEditEnumBox> box = f.view.viewport()->findChild<MultiEditEnumBox*>();
+    QVERIFY(box != nullptr);
+    auto* combo = box->findChild<QComboBox*>();
+    QTest::keyClick(combo, Qt::Key_Down, Qt::AltModifier);
+    QTest::keyClick(combo->view(), Qt::Key_Down);
+    runDeferred();
+    QCOMPARE(closes, 0);
+    const QPoint centre = combo->view()->visualRect(combo->model()->index(2, 0)).center();
+    QTest::mouseMove(combo->view()->viewport(), centre);
+    QTest::mouseClick(combo->view()->viewport(), Qt::LeftButton, {}, centre);
+    QCOMPARE(int(f.model.writes.size()), 3);
+    QCOMPARE(boost::any_cast<int>(f.model.value(1, 1)), 3);
+    QTRY_VERIFY(!box);
+    QVERIFY(closes > 0);
+    disconnect(f.delegate, nullptr, this, nullptr);
+    QVERIFY(f.view.hasFocus());
+    QCOMPARE(int(f.model.writes.size()), 3);
 }
 
 void ForwardDelegateTest::modelThatAsksTheUser()
