@@ -150,23 +150,27 @@ void ComboItemDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
     // be closed from within: the view that is committing goes on with it, and closes it later.
     const ZEL_QT_SignalBlocker blocker(const_cast<ComboItemDelegate*>(this));
     const RowTracker tracker(*model, {index});
-    const auto cell = [&] { return tracker.cell(index.row(), index.column()); };
+    const auto write = [&tracker, row = index.row(), column = index.column()](const QVariant& data,
+                                                                              int role) {
+        return tracker.setData(row, column, data, role);
+    };
     const QString display = box->getNameForValue(value);
     // The value comes last: a model that reacts to it sees the text in place. A write that fails
     // keeps none of the others back.
-    bool ok = model->setData(cell(), display, DisplayRole);
+    bool ok = write(display, DisplayRole);
     ZEL_SMART_ASSERT(ok, "ok").message("model->setData( index, display, qt::DisplayRole )");
-    ok = model->setData(cell(), display, ToolTipRole);
+    ok = write(display, ToolTipRole);
     ZEL_SMART_ASSERT(ok, "ok").message("model->setData( index, display, qt::ToolTipRole )");
-    ok = model->setData(cell(), QVariant::fromValue<boost::any>(value), EditRole);
+    ok = write(QVariant::fromValue<boost::any>(value), EditRole);
     ZEL_SMART_ASSERT(ok, "ok").message(
         "model->setData( index, QVariant::fromValue<any>(editData), qt::EditRole )");
 
     // The view tells an open editor of each write, so that the editor met the old value beside the
     // new choice and believes that they vary.
-    if (box && box->dataVaries() && cell().isValid()) {
+    const QModelIndex cell = tracker.cell(index.row(), index.column());
+    if (box && box->dataVaries() && cell.isValid()) {
         box->reset();
-        setEditorData(box, cell());
+        setEditorData(box, cell);
     }
 }
 

@@ -30,8 +30,10 @@ namespace zel::qt::detail {
 /// Text with neither tab nor line feed is a single value and goes into every selected cell; all
 /// other text is a block and goes where the upper left corner of the selection is.
 ///
-/// A text that its validator refuses leaves the cell as it is. Should the model sort or remove rows
-/// in answer to a value, the values that follow still go to the rows that they were meant for.
+/// A text that its validator refuses leaves the cell as it is. Should the model sort, hide or
+/// remove rows in answer to a value, the values that follow still go to the rows that they were
+/// meant for; to a row that a proxy model's filter has hidden they go through the model behind the
+/// filter.
 class ZEL_QT_EXPORT CppDbTableViewBase : public QTableView
 {
     Q_OBJECT

@@ -21,9 +21,4 @@ QVector<QStringRef> clipboardRows(const QString& text)
     return rows;
 }
 
-QVector<QStringRef> clipboardCells(const QStringRef& row)
-{
-    return row.split(QLatin1Char('\t'));
-}
-
 } // namespace zel::qt::detail

@@ -12,7 +12,17 @@ bool isClipboardBlock(const QString& text);
 /// further row; an empty text has one empty row. The rows refer to `text`.
 QVector<QStringRef> clipboardRows(const QString& text);
 
-/// The cells of a row, at least one. They refer to the text that the row refers to.
-QVector<QStringRef> clipboardCells(const QStringRef& row);
+/// Calls `fn` with each cell of a row, at least one. They refer to the text that the row refers to.
+template <class Fn>
+void forEachClipboardCell(const QStringRef& row, Fn&& fn)
+{
+    int begin = 0;
+    for (int end = row.indexOf(QLatin1Char('\t')); end >= 0;
+         end = row.indexOf(QLatin1Char('\t'), begin)) {
+        fn(row.mid(begin, end - begin));
+        begin = end + 1;
+    }
+    fn(row.mid(begin));
+}
 
 } // namespace zel::qt::detail

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <numeric>
 #include <utility>
 #include <vector>
 
@@ -51,16 +52,15 @@ public:
         return value;
     }
 
-    std::deque<boost::optional<boost::any>> valuesOf(const QStringRef& row, int left)
+    /// Fills a container with the values of a row.
+    template <class Values>
+    void read(const QStringRef& row, int left, Values& values)
     {
-        std::deque<boost::optional<boost::any>> values;
-        int column = left;
-        const QVector<QStringRef> cells = clipboardCells(row);
-        for (const QStringRef& cell : cells) {
+        values.clear();
+        forEachClipboardCell(row, [&, column = left](const QStringRef& cell) mutable {
             values.push_back(validate(column, cell.toString()));
             ++column;
-        }
-        return values;
+        });
     }
 
     QString textOf(const QModelIndex& index)
@@ -70,15 +70,13 @@ public:
             return {};
         }
         const QVariant data = index.data(EditRole);
-        if (!data.canConvert<boost::any>()) {
-            return {};
-        }
         // Copied text is for other programs of this user, hence in the user's locale.
         const std::bitset<32> flags(1);
         if (data.userType() == qMetaTypeId<boost::any>()) {
             return validator->reformat(*static_cast<const boost::any*>(data.constData()), flags);
         }
-        return validator->reformat(data.value<boost::any>(), flags);
+        return data.canConvert<boost::any>() ? validator->reformat(data.value<boost::any>(), flags)
+                                             : QString();
     }
 
 private:
@@ -110,52 +108,104 @@ bool isBefore(const QModelIndex& a, const QModelIndex& b)
     return a.row() != b.row() ? a.row() < b.row() : a.column() < b.column();
 }
 
-/// The text of a block, made from front to back so that its cost is that of its length.
-QString blockText(QModelIndexList indexes, ColumnValidators& validators)
+/// The cells of a selection row by row. It was made range by range, perhaps column after column,
+/// and is put in order in time proportional to its size.
+std::vector<const QModelIndex*> inReadingOrder(const QModelIndexList& indexes, const Bounds& bounds)
 {
-    const Bounds bounds(indexes);
-    if (!std::is_sorted(indexes.cbegin(), indexes.cend(), isBefore)) {
-        std::sort(indexes.begin(), indexes.end(), isBefore);
-    }
-    QString text;
-    int row = bounds.top;
-    int column = bounds.left;
-    const auto finishRow = [&] {
-        text.append(QString(bounds.right - column, QLatin1Char('\t')));
-        text.append(QLatin1Char('\n'));
-        ++row;
-        column = bounds.left;
+    const auto rowOf = [&bounds](const QModelIndex& index) {
+        return static_cast<std::size_t>(index.row() - bounds.top);
     };
-    for (const QModelIndex& index : qAsConst(indexes)) {
-        while (row < index.row()) {
+    std::vector<std::size_t> begins(static_cast<std::size_t>(bounds.bottom - bounds.top) + 2);
+    for (const QModelIndex& index : indexes) {
+        ++begins[rowOf(index) + 1];
+    }
+    std::partial_sum(begins.begin(), begins.end(), begins.begin());
+    std::vector<const QModelIndex*> ordered(static_cast<std::size_t>(indexes.size()));
+    std::vector<std::size_t> next(begins.begin(), begins.end() - 1);
+    for (const QModelIndex& index : indexes) {
+        ordered[next[rowOf(index)]++] = &index;
+    }
+    const auto byColumn = [](const QModelIndex* a, const QModelIndex* b) {
+        return a->column() < b->column();
+    };
+    for (std::size_t row = 0; row + 1 < begins.size(); ++row) {
+        const auto begin = ordered.begin() + static_cast<std::ptrdiff_t>(begins[row]);
+        const auto end = ordered.begin() + static_cast<std::ptrdiff_t>(begins[row + 1]);
+        if (!std::is_sorted(begin, end, byColumn)) {
+            std::sort(begin, end, byColumn);
+        }
+    }
+    return ordered;
+}
+
+/// Makes the text of a block from cells in reading order.
+class BlockText
+{
+public:
+    BlockText(const Bounds& bounds, ColumnValidators& validators)
+        : m_bounds(bounds)
+        , m_validators(validators)
+        , m_row(bounds.top)
+        , m_column(bounds.left)
+    {}
+
+    void append(const QModelIndex& index)
+    {
+        while (m_row < index.row()) {
             finishRow();
         }
-        for (; column < index.column(); ++column) {
-            text.append(QLatin1Char('\t'));
+        for (; m_column < index.column(); ++m_column) {
+            m_text.append(QLatin1Char('\t'));
         }
-        text.append(validators.textOf(index));
+        m_text.append(m_validators.textOf(index));
     }
-    finishRow();
-    return text;
-}
 
-void writeValue(QAbstractItemModel& model, const QModelIndex& index, const boost::any& value)
+    QString finished()
+    {
+        finishRow();
+        return m_text;
+    }
+
+private:
+    void finishRow()
+    {
+        m_text.append(QString(m_bounds.right - m_column, QLatin1Char('\t')));
+        m_text.append(QLatin1Char('\n'));
+        ++m_row;
+        m_column = m_bounds.left;
+    }
+
+    const Bounds& m_bounds;
+    ColumnValidators& m_validators;
+    QString m_text;
+    int m_row;
+    int m_column;
+};
+
+QString blockText(const QModelIndexList& indexes, ColumnValidators& validators)
 {
-    if (index.isValid()) {
-        model.setData(index, QVariant::fromValue<boost::any>(value), EditRole);
+    const Bounds bounds(indexes);
+    BlockText text(bounds, validators);
+    if (std::is_sorted(indexes.cbegin(), indexes.cend(), isBefore)) {
+        for (const QModelIndex& index : indexes) {
+            text.append(index);
+        }
+    } else {
+        for (const QModelIndex* index : inReadingOrder(indexes, bounds)) {
+            text.append(*index);
+        }
     }
+    return text.finished();
 }
 
-/// Writes the values that there are to the cells from column `left` on; `cell` gives the index of
-/// a column.
-template <class CellFn>
-void writeRow(QAbstractItemModel& model, int left,
-              const std::deque<boost::optional<boost::any>>& values, const CellFn& cell)
+/// Calls `write` with the column and the data of each value that there is, from column `left` on.
+template <class Values, class WriteFn>
+void writeRow(int left, const Values& values, const WriteFn& write)
 {
     int column = left;
     for (const boost::optional<boost::any>& value : values) {
         if (value) {
-            writeValue(model, cell(column), *value);
+            write(column, QVariant::fromValue<boost::any>(*value));
         }
         ++column;
     }
@@ -207,8 +257,9 @@ void CppDbTableViewBase::clearSelectedCells()
         return;
     }
     const RowTracker rows(*selectionModel()->model(), selected);
+    const QVariant empty = QVariant::fromValue(boost::any());
     for (const QModelIndex& index : selected) {
-        writeValue(*selectionModel()->model(), rows.cell(index.row(), index.column()), {});
+        rows.setData(index.row(), index.column(), empty, EditRole);
     }
 }
 
@@ -248,7 +299,8 @@ void CppDbTableViewBase::pasteValue(const QString& text, const QModelIndexList& 
     const RowTracker rows(*selectionModel()->model(), selected);
     for (const QModelIndex& index : selected) {
         if (const auto value = validators.validate(index.column(), text)) {
-            writeValue(*selectionModel()->model(), rows.cell(index.row(), index.column()), *value);
+            rows.setData(index.row(), index.column(), QVariant::fromValue<boost::any>(*value),
+                         EditRole);
         }
     }
 }
@@ -260,27 +312,33 @@ void CppDbTableViewBase::pasteBlock(const QString& text, int top, int left)
     const int present = std::min(m_model->rowCount(QModelIndex()) - top, rows.size());
     int i = 0;
     {
-        QModelIndexList targets;
-        for (int row = top; row < top + present; ++row) {
-            targets.append(m_model->index(row, left, QModelIndex()));
-        }
-        const RowTracker tracker(*m_model, targets);
+        const RowTracker tracker(*m_model, top, present, left);
+        std::vector<boost::optional<boost::any>> values;
         for (; i < present; ++i) {
-            writeRow(*m_model, left, validators.valuesOf(rows[i], left),
-                     [&](int column) { return tracker.cell(top + i, column); });
+            validators.read(rows[i], left, values);
+            writeRow(left, values, [&](int column, const QVariant& value) {
+                tracker.setData(top + i, column, value, EditRole);
+            });
         }
     }
     // The tracker is gone by now: a model adjusts every persistent index at each new row.
     for (; i < rows.size(); ++i) {
         const int target = top + i;
-        const auto values = validators.valuesOf(rows[i], left);
+        std::deque<boost::optional<boost::any>> values;
+        validators.read(rows[i], left, values);
         if (target < m_model->rowCount(QModelIndex())) { // the handler may make rows ahead
-            writeRow(*m_model, left, values,
-                     [&](int column) { return m_model->index(target, column, QModelIndex()); });
+            writeRow(left, values, [&](int column, const QVariant& value) {
+                const QModelIndex index = m_model->index(target, column, QModelIndex());
+                if (index.isValid()) {
+                    m_model->setData(index, value, EditRole);
+                }
+            });
             continue;
         }
-        m_createNewRow(left, values);
-        if (target >= m_model->rowCount(QModelIndex())) {
+        const int before = m_model->rowCount(QModelIndex());
+        const auto createNewRow = m_createNewRow; // it may replace itself while it runs
+        createNewRow(left, values);
+        if (m_model->rowCount(QModelIndex()) <= before) {
             return;
         }
     }

@@ -185,9 +185,15 @@ private Q_SLOTS:
     void handlerThatDeclines();
     void handlerThatMakesRowsAhead();
     void handlerIsReplaced();
+    void handlerReplacesItself();
+    void newRowsBehindRowsThatGoAway();
     void blockRoundTrip();
     void rowsThatSortThemselves_data();
     void rowsThatSortThemselves();
+    void rowsThatAreHidden_data();
+    void rowsThatAreHidden();
+    void refusedWrites();
+    void hiddenRowsAndColumns();
     void rowsThatGoAway_data();
     void rowsThatGoAway();
     void modelThatResets_data();
@@ -302,6 +308,9 @@ void TableViewTest::copies_data()
     QTest::newRow("block") << Cells{{1, 1}, {1, 2}, {2, 1}, {2, 2}} << "#11\t#12\n#21\t#22\n";
     QTest::newRow("selected backwards")
         << Cells{{2, 2}, {2, 1}, {1, 2}, {1, 1}} << "#11\t#12\n#21\t#22\n";
+    QTest::newRow("columns one after the other, the right one first")
+        << Cells{{0, 2}, {1, 2}, {3, 2}, {0, 0}, {1, 0}, {3, 0}, {1, 1}}
+        << "#0\t\t#2\n#10\t#11\t#12\n\t\t\n#30\t\t#32\n";
     QTest::newRow("hole inside") << Cells{{0, 0}, {0, 2}} << "#0\t\t#2\n";
     QTest::newRow("rows as wide as the block")
         << Cells{{0, 0}, {1, 2}, {2, 1}} << "#0\t\t\n\t\t#12\n\t#21\t\n";
@@ -627,6 +636,41 @@ void TableViewTest::handlerIsReplaced()
     QCOMPARE(f.newRows, QStringList{"0: 2"});
 }
 
+void TableViewTest::handlerReplacesItself()
+{
+    // What the running handler holds lives until it returns.
+    Fixture f(1);
+    const QString note(100, 'x');
+    QStringList notes;
+    f.view.setCreateNewRowHandler(
+        [&f, &notes, note](int, const std::deque<boost::optional<boost::any>>&) {
+            f.appendRows();
+            f.model.insertRows(f.model.rowCount(), 1);
+            notes << note;
+        });
+    f.select({{0, 0}});
+    f.paste("1\n2\n3\n");
+    QCOMPARE(notes, QStringList{note});
+    QCOMPARE(f.newRows, QStringList{"0: 3"});
+    QCOMPARE(f.model.rowCount(), 3);
+}
+
+void TableViewTest::newRowsBehindRowsThatGoAway()
+{
+    // The handler does not decline: the table grows with each row, from the smaller number on.
+    Fixture f(2);
+    f.appendRows();
+    f.model.written = [&](const QModelIndex&, int) {
+        if (f.model.rowCount() == 2) {
+            f.model.removeRows(0, 1);
+        }
+    };
+    f.select({{0, 0}});
+    f.paste("1\n2\n3\n4\n5\n");
+    QCOMPARE(f.newRows, (QStringList{"0: 3", "0: 4", "0: 5"}));
+    QCOMPARE(f.table(), QString("2 11 12 13|3 - - -|4 - - -|5 - - -"));
+}
+
 void TableViewTest::blockRoundTrip()
 {
     struct Plain : WholeNumberValidator
@@ -703,6 +747,88 @@ void TableViewTest::rowsThatSortThemselves()
                     numberText(sorted.index(row, 1).data(EditRole).value<boost::any>());
     }
     QTEST(rows.join('|'), "rows");
+}
+
+void TableViewTest::rowsThatAreHidden_data()
+{
+    QTest::addColumn<QString>("gesture");
+    QTest::addColumn<QString>("table");
+    QTest::addColumn<int>("shown"); // rows afterwards
+    QTest::newRow("clear") << "delete"
+                           << "- - 2 3|- - 12 13|20 21 22 23|30 31 32 33" << 2;
+    QTest::newRow("value") << "7"
+                           << "7 7 2 3|7 7 12 13|20 21 22 23|30 31 32 33" << 2;
+    QTest::newRow("block") << "7\t1\n8\t2\n"
+                           << "7 1 2 3|8 2 12 13|20 21 22 23|30 31 32 33" << 2;
+    QTest::newRow("block, the second row stays")
+        << "7\t1\n50\t2\n"
+        << "7 1 2 3|50 2 12 13|20 21 22 23|30 31 32 33" << 3;
+}
+
+void TableViewTest::rowsThatAreHidden()
+{
+    // A filter on the first column drops each row at once; the other values are for it as well.
+    QFETCH(QString, gesture);
+    QFETCH(int, shown);
+    Fixture f;
+    f.model.put(0, 0, 15);
+    struct Large : QSortFilterProxyModel
+    {
+        bool filterAcceptsRow(int row, const QModelIndex& parent) const override
+        {
+            const QModelIndex index = sourceModel()->index(row, 0, parent);
+            const auto value = index.data(EditRole).value<boost::any>();
+            return !value.empty() && boost::any_cast<int>(value) >= 10;
+        }
+    } filtered;
+    filtered.setSourceModel(&f.model);
+    filtered.setDynamicSortFilter(true);
+    QSortFilterProxyModel further; // a chain of two
+    further.setSourceModel(&filtered);
+    CppDbTableViewBase view(
+        &further, [&](int column) { return f.validatorOf(column); }, nullptr);
+    view.selectionModel()->select(QItemSelection(further.index(0, 0), further.index(1, 1)),
+                                  QItemSelectionModel::Select);
+    if (gesture == "delete") {
+        QTest::keyClick(&view, Qt::Key_Delete);
+    } else {
+        QGuiApplication::clipboard()->setText(gesture);
+        QTest::keySequence(&view, QKeySequence(QKeySequence::Paste));
+    }
+    QTEST(f.table(), "table");
+    QCOMPARE(int(f.model.writes.size()), 4);
+    QCOMPARE(further.rowCount(), shown);
+}
+
+void TableViewTest::refusedWrites()
+{
+    // A cell that the model does not take keeps its value, and the others come in.
+    Fixture f;
+    f.model.refuse = [&](int) { return f.model.writes.back().column == 1; };
+    f.select({{0, 0}});
+    f.paste("1\t2\t3\n4\t5\t6\n");
+    QCOMPARE(f.table(), QString("1 1 3 3|4 11 6 13|20 21 22 23|30 31 32 33"));
+    f.select({{2, 0}, {2, 1}, {2, 2}});
+    f.paste("7");
+    QCOMPARE(f.table(), QString("1 1 3 3|4 11 6 13|7 21 7 23|30 31 32 33"));
+    f.select({{3, 0}, {3, 1}, {3, 2}});
+    QTest::keyClick(&f.view, Qt::Key_Delete);
+    QCOMPARE(f.table(), QString("1 1 3 3|4 11 6 13|7 21 7 23|- 31 - 33"));
+}
+
+void TableViewTest::hiddenRowsAndColumns()
+{
+    // What is hidden keeps its place: it is selected, copied and pasted to like the others.
+    Fixture f;
+    f.view.setColumnHidden(1, true);
+    f.view.setRowHidden(1, true);
+    f.view.selectAll();
+    f.press(QKeySequence::Copy);
+    QCOMPARE(f.clipboard(), QString("#0\t#1\t#2\t\n#10\t#11\t#12\t\n#20\t#21\t#22\t\n"
+                                    "#30\t#31\t#32\t\n"));
+    f.select({{0, 0}});
+    f.paste("1\t2\t3\n4\t5\t6\n");
+    QCOMPARE(f.table(), QString("1 2 3 3|4 5 6 13|20 21 22 23|30 31 32 33"));
 }
 
 void TableViewTest::rowsThatGoAway_data()

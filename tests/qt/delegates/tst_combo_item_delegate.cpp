@@ -16,6 +16,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QSignalSpy>
 #include <QSortFilterProxyModel>
 #include <QTableView>
@@ -172,6 +173,7 @@ private Q_SLOTS:
     void refusedWrites_data();
     void refusedWrites();
     void modelThatSortsByTheText();
+    void modelThatHidesTheRow();
     void persistentEditorShowsWhatWasWritten();
     void markOfTheMouseIsPassing();
     void boxGoneBeforeTheMarkIsCleared();
@@ -528,6 +530,11 @@ void ComboItemDelegateTest::varyingEditorWritesNothing()
     box->readValue(2);
     QVERIFY(box->dataVaries());
     f.delegate->setModelData(box, &f.model, f.model.index(0, 0));
+    // Stepping on to an entry leaves the values varying.
+    box->previous();
+    QVERIFY(box->dataVaries());
+    QCOMPARE(boost::any_cast<int>(box->getSelectedValue()), 3);
+    f.delegate->setModelData(box, &f.model, f.model.index(0, 0));
     QTest::keyClick(Fixture::combo(box), Qt::Key_Return);
     settle();
     QVERIFY(f.model.writes.empty());
@@ -612,6 +619,30 @@ void ComboItemDelegateTest::modelThatSortsByTheText()
     QCOMPARE(f.model.cell(1, 0).toolTip, QVariant("HEB 200"));
 }
 
+void ComboItemDelegateTest::modelThatHidesTheRow()
+{
+    // A filter drops the row at the first of the three writes; the others belong to it all the
+    // same.
+    Fixture f;
+    f.model.put(1, 0, 2, "IPE 300");
+    QSortFilterProxyModel filtered;
+    filtered.setSourceModel(&f.model);
+    filtered.setDynamicSortFilter(true);
+    filtered.setFilterRegularExpression(QRegularExpression("IPE"));
+    QWidget parent;
+    auto* box = qobject_cast<MultiEditEnumBox*>(
+        f.delegate->createEditor(&parent, QStyleOptionViewItem(), filtered.index(0, 0)));
+    box->selectByName("HEB 200");
+    f.delegate->setModelData(box, &filtered, filtered.index(0, 0));
+    QCOMPARE(filtered.rowCount(), 1);
+    QCOMPARE(f.model.cell(0, 0).text, QVariant("HEB 200"));
+    QCOMPARE(f.model.cell(0, 0).toolTip, QVariant("HEB 200"));
+    QCOMPARE(boost::any_cast<int>(f.model.value(0, 0)), 3);
+    QCOMPARE(boost::any_cast<int>(f.model.value(1, 0)), 2);
+    QCOMPARE(f.model.cell(1, 0).toolTip, QVariant("IPE 300"));
+    QCOMPARE(int(f.model.writes.size()), 3);
+}
+
 void ComboItemDelegateTest::persistentEditorShowsWhatWasWritten()
 {
     Fixture f;
@@ -684,6 +715,7 @@ void ComboItemDelegateTest::emitCommitData_data()
     QTest::newRow("value") << "value" << 1 << QStringList{};
     QTest::newRow("varying") << "varying" << 0
                              << QStringList{"!editor->getSelectedValue().empty()"};
+    QTest::newRow("varying on an entry") << "stepped" << 0 << QStringList{};
     QTest::newRow("no entries") << "no entries" << 0
                                 << QStringList{"!editor->getSelectedValue().empty()"};
 }
@@ -698,6 +730,9 @@ void ComboItemDelegateTest::emitCommitData()
         f.delegate->createEditor(&parent, QStyleOptionViewItem(), f.model.index(0, 0)));
     if (state == "varying") {
         box->forceVaries();
+    } else if (state == "stepped") {
+        box->forceVaries();
+        box->previous();
     } else if (state == "no entries") {
         box->setValues({});
     }
