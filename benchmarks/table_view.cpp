@@ -26,14 +26,13 @@ using zel::qt::EditRole;
 using zel::qt::IValidator;
 using zel::qt::detail::CppDbTableViewBase;
 
-constexpr int columns = 10;
-
-/// Whole numbers in rows of ten.
+/// Whole numbers.
 class NumberModel : public QAbstractTableModel
 {
 public:
-    explicit NumberModel(int cells)
-        : m_values(static_cast<std::size_t>(cells))
+    NumberModel(int cells, int columns)
+        : m_columns(columns)
+        , m_values(static_cast<std::size_t>(cells))
     {
         int number = 0;
         for (boost::any& value : m_values) {
@@ -43,12 +42,12 @@ public:
 
     int rowCount(const QModelIndex& parent = {}) const override
     {
-        return parent.isValid() ? 0 : static_cast<int>(m_values.size()) / columns;
+        return parent.isValid() ? 0 : static_cast<int>(m_values.size()) / m_columns;
     }
 
     int columnCount(const QModelIndex& parent = {}) const override
     {
-        return parent.isValid() ? 0 : columns;
+        return parent.isValid() ? 0 : m_columns;
     }
 
     QVariant data(const QModelIndex& index, int role) const override
@@ -68,11 +67,12 @@ public:
     }
 
 private:
-    static std::size_t position(const QModelIndex& index)
+    std::size_t position(const QModelIndex& index) const
     {
-        return static_cast<std::size_t>(index.row() * columns + index.column());
+        return static_cast<std::size_t>(index.row() * m_columns + index.column());
     }
 
+    int m_columns;
     std::vector<boost::any> m_values;
 };
 
@@ -82,11 +82,12 @@ boost::shared_ptr<IValidator> wholeNumbers()
         std::numeric_limits<int>::min(), std::numeric_limits<int>::max(), false);
 }
 
-/// A table of as many cells as the benchmark's argument says, all of them selected.
+/// A table of as many cells and columns as the benchmark's arguments say, all of them selected.
 struct Fixture
 {
     explicit Fixture(const benchmark::State& state)
-        : model(static_cast<int>(state.range(0)))
+        : columns(static_cast<int>(state.range(1)))
+        , model(static_cast<int>(state.range(0)), columns)
         , view(
               &model, [this](int) { return validator; }, nullptr)
     {
@@ -104,6 +105,7 @@ struct Fixture
         QApplication::sendEvent(&view, &event);
     }
 
+    int columns;
     boost::shared_ptr<IValidator> validator = wholeNumbers();
     NumberModel model;
     CppDbTableViewBase view;
@@ -112,7 +114,7 @@ struct Fixture
 QStringList cellTexts(const Fixture& f)
 {
     QStringList texts;
-    for (int i = 0; i < f.model.rowCount() * columns; ++i) {
+    for (int i = 0; i < f.model.rowCount() * f.columns; ++i) {
         texts << QString::number(i);
     }
     return texts;
@@ -122,9 +124,9 @@ QString blockText(const Fixture& f)
 {
     QString text;
     for (int row = 0; row < f.model.rowCount(); ++row) {
-        for (int column = 0; column < columns; ++column) {
+        for (int column = 0; column < f.columns; ++column) {
             text += QString::number(row + column);
-            text += column < columns - 1 ? QLatin1Char('\t') : QLatin1Char('\n');
+            text += column < f.columns - 1 ? QLatin1Char('\t') : QLatin1Char('\n');
         }
     }
     return text;
@@ -133,6 +135,17 @@ QString blockText(const Fixture& f)
 void count(benchmark::State& state)
 {
     state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+
+/// Many columns, and one: there a cell bears the cost of its row alone.
+void sizesOfCopy(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->ArgsProduct({{100000, 1000000}, {10, 1}});
+}
+
+void sizesOfPaste(benchmark::internal::Benchmark* benchmark)
+{
+    benchmark->ArgsProduct({{10000, 100000}, {10, 1}});
 }
 
 void copy(benchmark::State& state)
@@ -147,7 +160,24 @@ void copy(benchmark::State& state)
     }
     count(state);
 }
-BENCHMARK(copy)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(copy)->Apply(sizesOfCopy)->Unit(benchmark::kMillisecond);
+
+/// A selection made column after column, the last one first.
+void copyColumnByColumn(benchmark::State& state)
+{
+    Fixture f(state);
+    f.view.clearSelection();
+    for (int column = f.columns - 1; column >= 0; --column) {
+        const QItemSelection cells(f.model.index(0, column),
+                                   f.model.index(f.model.rowCount() - 1, column));
+        f.view.selectionModel()->select(cells, QItemSelectionModel::Select);
+    }
+    for (const auto _ : state) {
+        f.press(QKeySequence::Copy);
+    }
+    count(state);
+}
+BENCHMARK(copyColumnByColumn)->Apply(sizesOfCopy)->Unit(benchmark::kMillisecond);
 
 /// Asks the model and the validator, and keeps nothing.
 void copyPlainLoop(benchmark::State& state)
@@ -155,7 +185,7 @@ void copyPlainLoop(benchmark::State& state)
     const Fixture f(state);
     for (const auto _ : state) {
         for (int row = 0; row < f.model.rowCount(); ++row) {
-            for (int column = 0; column < columns; ++column) {
+            for (int column = 0; column < f.columns; ++column) {
                 const QVariant value = f.model.index(row, column).data(EditRole);
                 benchmark::DoNotOptimize(
                     f.validator->reformat(value.value<boost::any>(), std::bitset<32>(1)));
@@ -164,7 +194,7 @@ void copyPlainLoop(benchmark::State& state)
     }
     count(state);
 }
-BENCHMARK(copyPlainLoop)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(copyPlainLoop)->Apply(sizesOfCopy)->Unit(benchmark::kMillisecond);
 
 /// Only the calls of the model.
 void readPlainLoop(benchmark::State& state)
@@ -172,7 +202,7 @@ void readPlainLoop(benchmark::State& state)
     const Fixture f(state);
     for (const auto _ : state) {
         for (int row = 0; row < f.model.rowCount(); ++row) {
-            for (int column = 0; column < columns; ++column) {
+            for (int column = 0; column < f.columns; ++column) {
                 benchmark::DoNotOptimize(
                     f.model.index(row, column).data(EditRole).value<boost::any>());
             }
@@ -180,7 +210,7 @@ void readPlainLoop(benchmark::State& state)
     }
     count(state);
 }
-BENCHMARK(readPlainLoop)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(readPlainLoop)->Apply(sizesOfCopy)->Unit(benchmark::kMillisecond);
 
 /// The part of copy in which Qt lists the selected cells.
 void listSelection(benchmark::State& state)
@@ -191,7 +221,7 @@ void listSelection(benchmark::State& state)
     }
     count(state);
 }
-BENCHMARK(listSelection)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(listSelection)->Apply(sizesOfCopy)->Unit(benchmark::kMillisecond);
 
 void pasteBlock(benchmark::State& state)
 {
@@ -202,7 +232,7 @@ void pasteBlock(benchmark::State& state)
     }
     count(state);
 }
-BENCHMARK(pasteBlock)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(pasteBlock)->Apply(sizesOfPaste)->Unit(benchmark::kMillisecond);
 
 void pasteValue(benchmark::State& state)
 {
@@ -213,7 +243,7 @@ void pasteValue(benchmark::State& state)
     }
     count(state);
 }
-BENCHMARK(pasteValue)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(pasteValue)->Apply(sizesOfPaste)->Unit(benchmark::kMillisecond);
 
 /// Asks the validator and the model with texts that are there already.
 void pastePlainLoop(benchmark::State& state)
@@ -223,7 +253,7 @@ void pastePlainLoop(benchmark::State& state)
     for (const auto _ : state) {
         int i = 0;
         for (int row = 0; row < f.model.rowCount(); ++row) {
-            for (int column = 0; column < columns; ++column) {
+            for (int column = 0; column < f.columns; ++column) {
                 boost::any value;
                 if (f.validator->validate(texts[i++], value, {})) {
                     f.model.setData(f.model.index(row, column),
@@ -234,7 +264,7 @@ void pastePlainLoop(benchmark::State& state)
     }
     count(state);
 }
-BENCHMARK(pastePlainLoop)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(pastePlainLoop)->Apply(sizesOfPaste)->Unit(benchmark::kMillisecond);
 
 /// Writes a value to each cell with the calls of the model alone.
 void writeToAll(benchmark::State& state, const boost::any& value)
@@ -242,7 +272,7 @@ void writeToAll(benchmark::State& state, const boost::any& value)
     Fixture f(state);
     for (const auto _ : state) {
         for (int row = 0; row < f.model.rowCount(); ++row) {
-            for (int column = 0; column < columns; ++column) {
+            for (int column = 0; column < f.columns; ++column) {
                 f.model.setData(f.model.index(row, column), QVariant::fromValue<boost::any>(value),
                                 EditRole);
             }
@@ -255,7 +285,7 @@ void writePlainLoop(benchmark::State& state)
 {
     writeToAll(state, 12345);
 }
-BENCHMARK(writePlainLoop)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(writePlainLoop)->Apply(sizesOfPaste)->Unit(benchmark::kMillisecond);
 
 void clear(benchmark::State& state)
 {
@@ -265,13 +295,13 @@ void clear(benchmark::State& state)
     }
     count(state);
 }
-BENCHMARK(clear)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(clear)->Apply(sizesOfPaste)->Unit(benchmark::kMillisecond);
 
 void clearPlainLoop(benchmark::State& state)
 {
     writeToAll(state, boost::any());
 }
-BENCHMARK(clearPlainLoop)->Arg(10000)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(clearPlainLoop)->Apply(sizesOfPaste)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
@@ -281,8 +311,8 @@ int main(int argc, char** argv)
     const zel::bench::Report report(argc, argv);
     using Row = std::vector<std::string>;
     const auto row = [&report](const char* what, const char* keys, const char* model,
-                               const char* modelAndValidator, int cells) {
-        const std::string size = "/" + std::to_string(cells);
+                               const char* modelAndValidator, int cells, int columns = 10) {
+        const std::string size = "/" + std::to_string(cells) + "/" + std::to_string(columns);
         const double time = report.seconds(keys + size);
         const double alone = report.seconds(model + size);
         Row cell{what,
@@ -304,12 +334,16 @@ int main(int argc, char** argv)
         {{"What", "Cells", "Time", "Model alone", "Ratio", "Model and validator", "Ratio", "Bound"},
          row("Copy", "copy", "readPlainLoop", "copyPlainLoop", 100000),
          row("Copy", "copy", "readPlainLoop", "copyPlainLoop", 1000000),
+         row("Copy of one column", "copy", "readPlainLoop", "copyPlainLoop", 1000000, 1),
+         row("Copy, selected column by column", "copyColumnByColumn", "readPlainLoop",
+             "copyPlainLoop", 1000000),
          row("Paste of a block", "pasteBlock", "writePlainLoop", "pastePlainLoop", 10000),
          row("Paste of a block", "pasteBlock", "writePlainLoop", "pastePlainLoop", 100000),
+         row("Paste of one column", "pasteBlock", "writePlainLoop", "pastePlainLoop", 100000, 1),
          row("Paste of one value into all cells", "pasteValue", "writePlainLoop", "pastePlainLoop",
              100000),
          row("Clear", "clear", "clearPlainLoop", nullptr, 100000)});
     std::printf("Of a copy of 1000000 cells, listing the selected ones: %s\n",
-                report.time(report.seconds("listSelection/1000000")).c_str());
+                report.time(report.seconds("listSelection/1000000/10")).c_str());
     return report.status();
 }
