@@ -26,8 +26,7 @@ public:
         std::vector<char*> arguments(argv, argv + argc);
         std::vector<std::string> defaults = {"--benchmark_repetitions=7",
                                              "--benchmark_min_time=0.1",
-                                             "--benchmark_enable_random_interleaving=true",
-                                             "--benchmark_display_aggregates_only=true"};
+                                             "--benchmark_enable_random_interleaving=true"};
         for (std::size_t i = 0; i < defaults.size(); ++i) {
             arguments.insert(arguments.begin() + 1 + static_cast<std::ptrdiff_t>(i),
                              defaults[i].data());
@@ -61,6 +60,9 @@ public:
     /// "3.2 µs"
     static std::string time(double seconds)
     {
+        if (std::isnan(seconds)) {
+            return "-";
+        }
         static const std::vector<std::pair<double, const char*>> units = {
             {1.0, "s"}, {1e-3, "ms"}, {1e-6, "\u00b5s"}, {1e-9, "ns"}};
         for (const auto& [size, name] : units) {
@@ -114,10 +116,17 @@ private:
 
         void ReportRuns(const std::vector<Run>& runs) override
         {
+            std::vector<Run> shown;
             for (const Run& run : runs) {
                 m_report.add(run);
+                if (run.repetitions <= 1 || run.run_type == Run::RT_Aggregate ||
+                    run.error_occurred) {
+                    shown.push_back(run);
+                }
             }
-            ConsoleReporter::ReportRuns(runs);
+            if (!shown.empty()) {
+                ConsoleReporter::ReportRuns(shown);
+            }
         }
 
     private:

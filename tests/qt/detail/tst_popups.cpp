@@ -38,6 +38,7 @@ private Q_SLOTS:
     void eventsGoOnToTheEdit();
     void opacityFollowsTheMouse();
     void hintTakesTheSizeOfItsLabel();
+    void sameHintTakesItsSizeAnew();
     void historyWithoutEntriesIsEmpty_data();
     void historyWithoutEntriesIsEmpty();
     void historyIsAsHighAsItsRows();
@@ -291,6 +292,23 @@ void PopupsTest::hintTakesTheSizeOfItsLabel()
     popup.setHint(QString());
     QCOMPARE(popup.sizeHint(), QSize(0, 0));
     QCOMPARE(popup.size(), QSize(0, 0));
+}
+
+void PopupsTest::sameHintTakesItsSizeAnew()
+{
+    EditHintPopup popup(m_edit);
+    auto* label = popup.findChild<QLabel*>();
+    popup.setHint(QStringLiteral("0 to 9"));
+    const QSize size = popup.size();
+    popup.setFixedSize(1, 1);
+    popup.setHint(QStringLiteral("0 to 9"));
+    QCOMPARE(popup.size(), size);
+    QFont font = label->font();
+    font.setPointSize(2 * font.pointSize());
+    label->setFont(font);
+    popup.setHint(QStringLiteral("0 to 9"));
+    QVERIFY(popup.height() > size.height());
+    QCOMPARE(popup.size(), label->sizeHint());
 }
 
 void PopupsTest::historyWithoutEntriesIsEmpty_data()
