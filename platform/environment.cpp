@@ -6,10 +6,10 @@
 namespace zel::app {
 namespace {
 
-/// The file below the folder, or an empty text if there is none.
+/// The full name of the file below the folder, or an empty text if there is none.
 QString fileBelow(const QString& folder, const QString& name)
 {
-    const QString candidate = QDir(folder).filePath(name);
+    const QString candidate = QDir(folder).absoluteFilePath(name);
     return QFileInfo(candidate).isFile() ? candidate : QString();
 }
 

@@ -18,6 +18,7 @@ private Q_SLOTS:
     void findsBelowAnAddedFolder();
     void firstFolderWins();
     void folderIsNoFile();
+    void fileBelowARelativeFolderHasItsFullName();
     void findsInResources();
     void absoluteNameStandsForItself();
     void emptyNameIsNotFound();
@@ -87,6 +88,21 @@ void EnvironmentTest::folderIsNoFile()
     group.add(folder("outer"));
     QVERIFY(group.find(L"inner.png").empty());
     QVERIFY(group.find(folder("outer/inner.png")).empty());
+}
+
+void EnvironmentTest::fileBelowARelativeFolderHasItsFullName()
+{
+    const std::wstring wanted = file("relative", "full.png");
+    PathGroup group;
+    group.add(L"relative");
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(m_dir.path()));
+    const std::wstring found = group.find(L"full.png");
+    QVERIFY(QDir::setCurrent(before));
+    // Good also when the program has gone to another folder.
+    QCOMPARE(QFileInfo(QString::fromStdWString(found)).canonicalFilePath(),
+             QFileInfo(QString::fromStdWString(wanted)).canonicalFilePath());
+    QVERIFY(!found.empty());
 }
 
 void EnvironmentTest::findsInResources()
