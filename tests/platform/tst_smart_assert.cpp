@@ -1,5 +1,6 @@
 #include "platform/smart_assert.h"
 #include "tests/helpers/checked_test.h"
+#include "tests/helpers/scoped_global_locale.h"
 
 #include <cstdio>
 #include <stdexcept>
@@ -16,12 +17,15 @@ private Q_SLOTS:
     void evaluatesValuesOnlyOnFailure();
     void handlerIsReturnedAndRestored();
     void handlerMayThrow();
+    void handlerMayReplaceItself();
     void isOneStatementInAnIfWithoutBraces();
     void defaultHandlerWritesOneLine();
 };
 
 void SmartAssertTest::reportsExpressionPlaceValuesAndMessage()
 {
+    // Values are told alike whatever the program's locale.
+    const zel::test::ScopedGlobalLocale global(zel::test::CommaNumbers::locale());
     const double low = 2.5;
     const int expectedLine = __LINE__ + 1;
     ZEL_SMART_ASSERT(low < 0.0, "m_min < m_max").value("m_min", low).value("n", 12345).message("m");
@@ -72,6 +76,20 @@ void SmartAssertTest::handlerMayThrow()
     setReportHandler(std::move(caught));
 }
 
+void SmartAssertTest::handlerMayReplaceItself()
+{
+    QStringList told;
+    const QString name = QStringLiteral("first");
+    ReportHandler caught = setReportHandler([&told, name](const Report&) {
+        setReportHandler([&told](const Report&) { told.append(QStringLiteral("second")); });
+        told.append(name);
+    });
+    ZEL_SMART_ASSERT(false, "to the first");
+    ZEL_SMART_ASSERT(false, "to the second");
+    setReportHandler(std::move(caught));
+    QCOMPARE(told, (QStringList{QStringLiteral("first"), QStringLiteral("second")}));
+}
+
 void SmartAssertTest::isOneStatementInAnIfWithoutBraces()
 {
     bool elseRan = false;
@@ -91,7 +109,9 @@ void SmartAssertTest::defaultHandlerWritesOneLine()
     QVERIFY(file != nullptr);
     dup2(fileno(file), STDERR_FILENO);
     const int line = __LINE__ + 1;
-    ZEL_SMART_ASSERT(false, "a < b").value("a", L"\u00e4\n").message("two\nlines");
+    ZEL_SMART_ASSERT(false, "a < b")
+        .value("a", L"\u00e4\u0436\u2103\U0001d6fc\n")
+        .message("two\r\nlines");
     std::fflush(stderr);
     dup2(savedError, STDERR_FILENO);
     close(savedError);
@@ -102,7 +122,7 @@ void SmartAssertTest::defaultHandlerWritesOneLine()
     std::fclose(file);
     QCOMPARE(QString::fromUtf8(buffer, int(size)),
              QStringLiteral("tests/platform/tst_smart_assert.cpp:%1: assertion failed: a < b; "
-                            "a = \u00e4\\n; two\\nlines\n")
+                            "a = \u00e4\u0436\u2103\U0001d6fc\\n; two\\r\\nlines\n")
                  .arg(line));
 }
 

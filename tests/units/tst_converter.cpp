@@ -18,6 +18,7 @@ private Q_SLOTS:
     void canConvert();
     void canConvertAsksBothSides();
     void setsConvertToTheirUnitsAlone();
+    void setThatIsConvertedFromDecides();
     void incompatibleUnitsAreReportedAndThrown();
     void multipliesByTheReciprocal();
     void fromBaseDivides();
@@ -127,6 +128,28 @@ void ConverterTest::setsConvertToTheirUnitsAlone()
         }
     }
     QVERIFY(convertible > 1000);
+}
+
+/// A provider of the host's, of whose unit sets one allows another.
+class NestedSets : public ZelUnitProvider
+{
+public:
+    const std::vector<UnitId>& get_set_units(UnitId id) const override
+    {
+        static const std::vector<UnitId> outer = {UnitId(1001), UnitId(13)};
+        return id == 1000 ? outer : ZelUnitProvider::get_set_units(id);
+    }
+};
+
+void ConverterTest::setThatIsConvertedFromDecides()
+{
+    NestedSets units;
+    Converter converter;
+    converter.set_unit_provider(&units);
+    QVERIFY(converter.can_convert(UnitId(1000), UnitId(1001)));
+    QVERIFY(!converter.can_convert(UnitId(1001), UnitId(1000)));
+    QVERIFY(converter.can_convert(UnitId(13), UnitId(1000)));
+    QVERIFY(!converter.can_convert(UnitId(16), UnitId(1000)));
 }
 
 void ConverterTest::incompatibleUnitsAreReportedAndThrown()
