@@ -62,7 +62,9 @@ protected Q_SLOTS:
 public Q_SLOTS:
     /// Replaces the entries and selects the first. Emits nothing.
     /// @param pixmaps pictures of the entries, by index; may be shorter and hold null
-    /// @param backgroundColors colours of the entries in the list, by index; may be shorter
+    /// @param backgroundColors colours of the entries in the list, by index; may be shorter. The
+    /// text
+    ///                         on them is black or white, whichever can be read.
     void setValues(const NamedValueList& values, const PixmapPtrList& pixmaps = PixmapPtrList(),
                    const std::deque<QColor>& backgroundColors = std::deque<QColor>());
     /// Selects the first entry of a name; an unknown name does nothing.

@@ -3,6 +3,7 @@
 #include "platform/smart_assert.h"
 #include "qt/inc/controls/multi_edit_line_edit.h"
 #include "qt/src/controls/accessible_description.h"
+#include "qt/src/controls/fixed_colors.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -112,6 +113,11 @@ void SimpleEnumBox::setValues(const NamedValueList& values, const PixmapPtrList&
         m_combo->insertItem(m_combo->count(), icon, m_values[i].first, QVariant());
         if (i < backgroundColors.size()) {
             m_combo->setItemData(static_cast<int>(i), backgroundColors[i], Qt::BackgroundRole);
+            // A translucent colour leaves the text of the palette readable.
+            if (backgroundColors[i].isValid() && backgroundColors[i].alpha() >= 128) {
+                m_combo->setItemData(static_cast<int>(i), detail::textColorOn(backgroundColors[i]),
+                                     Qt::ForegroundRole);
+            }
         }
     }
     if (!m_values.empty()) {

@@ -8,7 +8,8 @@ namespace {
 
 bool isDark(const QColor& color)
 {
-    return color.lightness() < 128;
+    // As the eye weighs it: a full yellow is light, a full blue dark.
+    return qGray(color.rgb()) < 128;
 }
 
 } // namespace
@@ -33,6 +34,11 @@ void writeOnWhite(QWidget& edit)
     QPalette palette = edit.palette();
     palette.setColor(QPalette::Base, Qt::white);
     edit.setPalette(palette);
+}
+
+QColor textColorOn(const QColor& background)
+{
+    return isDark(background) ? Qt::white : Qt::black;
 }
 
 } // namespace zel::qt::detail

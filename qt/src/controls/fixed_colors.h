@@ -1,5 +1,6 @@
 #pragma once
 
+class QColor;
 class QWidget;
 
 // The sheets of the controls give some colours and leave the others to the palette. Under a dark
@@ -13,5 +14,8 @@ void writeInBlack(QWidget& widget);
 
 /// For an edit whose sheet makes its text black or red: a dark background becomes white.
 void writeOnWhite(QWidget& edit);
+
+/// The colour in which text can be read on a background that does not come from the palette.
+QColor textColorOn(const QColor& background);
 
 } // namespace zel::qt::detail

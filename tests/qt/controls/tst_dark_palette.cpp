@@ -2,7 +2,9 @@
 #include "qt/inc/validators.h"
 #include "tests/helpers/checked_test.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QImage>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,19 +19,24 @@ using namespace zel::qt;
 namespace {
 
 /// The range of lightness in a picture: text that can be read spans a good part of it.
-int contrastOf(QWidget& widget)
+int contrastOf(QWidget& widget, const QRect& part)
 {
-    const QImage image = widget.grab(widget.rect().adjusted(4, 3, -4, -3)).toImage();
+    const QImage image = widget.grab(part.adjusted(4, 3, -4, -3)).toImage();
     int darkest = 255;
     int lightest = 0;
     for (int y = 0; y < image.height(); ++y) {
         for (int x = 0; x < image.width(); ++x) {
-            const int lightness = image.pixelColor(x, y).lightness();
+            const int lightness = qGray(image.pixel(x, y));
             darkest = std::min(darkest, lightness);
             lightest = std::max(lightest, lightness);
         }
     }
     return lightest - darkest;
+}
+
+int contrastOf(QWidget& widget)
+{
+    return contrastOf(widget, widget.rect());
 }
 
 } // namespace
@@ -45,6 +52,8 @@ private Q_SLOTS:
     void textCanBeRead_data();
     void textCanBeRead();
     void popupsCanBeRead();
+    void entriesOnAColourCanBeRead_data();
+    void entriesOnAColourCanBeRead();
     void aLightPaletteIsLeftAlone();
 
 private:
@@ -119,6 +128,42 @@ void DarkPaletteTest::popupsCanBeRead()
     auto* history = field->findChild<detail::HistoryPopup*>();
     history->show();
     QVERIFY(contrastOf(*history->findChild<QListWidget*>()) > 100);
+}
+
+void DarkPaletteTest::entriesOnAColourCanBeRead_data()
+{
+    QTest::addColumn<QColor>("background");
+    QTest::addColumn<bool>("dark");
+    for (const bool dark : {false, true}) {
+        const auto row = [dark](const char* name, const QColor& background) {
+            QTest::addRow("%s, %s palette", name, dark ? "dark" : "light") << background << dark;
+        };
+        row("pale yellow", QColor(255, 255, 160));
+        row("full yellow", QColor(255, 255, 0));
+        row("full blue", QColor(0, 0, 255));
+        row("dark red", QColor(90, 0, 0));
+        row("a breath of red", QColor(255, 0, 0, 30));
+    }
+}
+
+void DarkPaletteTest::entriesOnAColourCanBeRead()
+{
+    QFETCH(QColor, background);
+    QFETCH(bool, dark);
+    if (!dark) {
+        QApplication::setPalette(m_light);
+    }
+    QWidget window;
+    auto* box = MultiEditEnumBox::create(&window, QString(),
+                                         [](const boost::any&, const boost::any&) { return true; });
+    box->setValues({{QStringLiteral("888"), 1}, {QStringLiteral("888"), 2}}, {},
+                   {QColor(), background});
+    window.show();
+    box->findChild<QComboBox*>()->showPopup();
+    QAbstractItemView* list = box->findChild<QComboBox*>()->view();
+    QTRY_VERIFY(list->isVisible());
+    const QRect entry = list->visualRect(list->model()->index(1, 0));
+    QVERIFY(contrastOf(*list->viewport(), entry) > 100);
 }
 
 void DarkPaletteTest::aLightPaletteIsLeftAlone()
