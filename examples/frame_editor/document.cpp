@@ -85,7 +85,7 @@ QString Document::setMemberValues(const MemberProperty& property,
             real.push_back(change);
         }
     }
-    const QString reason = refusal(property, real);
+    QString reason = refusal(property, real);
     if (reason.isEmpty() && !real.empty()) {
         m_undoStack->push(new MemberCommand(*this, property, real));
     }
@@ -96,7 +96,7 @@ QString Document::refusal(const MemberProperty& property,
                           const std::vector<MemberChange>& changes) const
 {
     for (const MemberChange& change : changes) {
-        const QString reason = refusalOf(property, change.value, m_model, change.member);
+        QString reason = refusalOf(property, change.value, m_model, change.member);
         if (!reason.isEmpty()) {
             return reason;
         }

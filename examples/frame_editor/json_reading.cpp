@@ -129,7 +129,7 @@ JsonReading JsonDocument::root() const
 
 JsonReading JsonDocument::root(const char* format) const
 {
-    const JsonReading root = this->root();
+    JsonReading root = this->root();
     if (root.member("format").text() != QLatin1String(format)) {
         root.member("format").fail(QObject::tr("\"%1\" is needed here").arg(QLatin1String(format)));
     }
@@ -146,7 +146,7 @@ QByteArray readWholeFile(const QString& fileName)
     if (!file.open(QIODevice::ReadOnly)) {
         throw FileError(QStringLiteral("%1: %2").arg(fileName, file.errorString()));
     }
-    const QByteArray text = file.readAll();
+    QByteArray text = file.readAll();
     if (file.error() != QFileDevice::NoError) {
         throw FileError(QStringLiteral("%1: %2").arg(fileName, file.errorString()));
     }

@@ -14,7 +14,7 @@ class NameList
 public:
     QString take(const JsonReading& reading)
     {
-        const QString name = reading.text();
+        QString name = reading.text();
         if (name.trimmed().isEmpty()) {
             reading.fail(QObject::tr("a name must not be empty"));
         }

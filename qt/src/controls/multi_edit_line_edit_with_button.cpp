@@ -43,11 +43,11 @@ MultiEditLineEditWithButton::MultiEditLineEditWithButton(
     , m_id(id)
 {
     init();
-    connect(m_btn, &QToolButton::clicked, this, [this, handler = std::move(handler)] {
+    connect(m_btn, &QToolButton::clicked, this, [this, id, handler = std::move(handler)] {
         // A dialog of the host runs meanwhile, and the field may be gone when it is closed.
         const QPointer<QObject> alive = this;
         boost::any value;
-        handler(this, m_id, value);
+        handler(this, id, value);
         if (alive) {
             setValue(value);
         }
