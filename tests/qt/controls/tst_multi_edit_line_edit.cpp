@@ -96,6 +96,9 @@ void MultiEditLineEditTest::isFresh()
     QVERIFY(!m_field->isValueValid());
     QVERIFY(m_field->getCurrentValue().empty());
     QCOMPARE(m_field->edit().text(), QString());
+    // Nothing was decided, though the validator would take the empty text for 0.
+    QCOMPARE(answer(*add(new NumberValidator(NumberValidator::EmptyAsZero))),
+             QStringLiteral("one -"));
     const QMetaObject& meta = MultiEditLineEdit::staticMetaObject;
     QCOMPARE(meta.className(), "zel::qt::MultiEditLineEdit");
     QCOMPARE(meta.superClass(), &SimpleLineEdit::staticMetaObject);

@@ -73,6 +73,7 @@ private Q_SLOTS:
     void labelStandsBehindTheNumber();
     void otherTypesAreReported_data();
     void otherTypesAreReported();
+    void finishDoesNotUseTheVirtualTable();
     void worksWithTheActiveContext();
 
 private:
@@ -445,6 +446,20 @@ void DistanceEditValidatorTest::otherTypesAreReported()
     QCOMPARE(reports[0].expression, std::string("value.type() == typeid(double)"));
     QCOMPARE(reports[0].file, std::string("qt/src/validators/distance_edit_validator.cpp"));
     QVERIFY(reports[0].values.empty());
+}
+
+void DistanceEditValidatorTest::finishDoesNotUseTheVirtualTable()
+{
+    struct Refusing : DistanceEditValidator
+    {
+        bool validate(const QString&, boost::any&, const std::bitset<32>&) override
+        {
+            return false;
+        }
+    };
+    Refusing validator;
+    QCOMPARE(validated(validator, "3").told(), QString("false untouched"));
+    QCOMPARE(finished(validator, "3").told(), QString("true double 3000"));
 }
 
 void DistanceEditValidatorTest::worksWithTheActiveContext()

@@ -62,6 +62,7 @@ private Q_SLOTS:
     void formats();
     void otherTypesAreReported_data();
     void otherTypesAreReported();
+    void finishDoesNotUseTheVirtualTable();
     void unknownIdThrows();
     void idIsSetLater();
     void contextIsASnapshot();
@@ -196,6 +197,21 @@ void UnitValidatorTest::otherTypesAreReported()
              std::string("value.type() == typeid(units::IConverter::quantity)"));
     QCOMPARE(reports[0].file, std::string("qt/src/validators/unit_validator.cpp"));
     QVERIFY(reports[0].values.empty());
+}
+
+void UnitValidatorTest::finishDoesNotUseTheVirtualTable()
+{
+    struct Refusing : UnitValidator
+    {
+        using UnitValidator::UnitValidator;
+        bool validate(const QString&, boost::any&, const std::bitset<32>&) override
+        {
+            return false;
+        }
+    };
+    Refusing validator(Context(0), geoLength);
+    QCOMPARE(validated(validator, "3"), QString("false untouched"));
+    QCOMPARE(finished(validator, "3"), QString("true quantity 1001 3"));
 }
 
 void UnitValidatorTest::unknownIdThrows()
