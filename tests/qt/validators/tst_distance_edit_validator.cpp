@@ -221,6 +221,7 @@ void DistanceEditValidatorTest::readsNumbersAndSuffixes_data()
                            << "true double 0";
     QTest::newRow("blanks") << "  "
                             << "true double 0";
+    QTest::newRow("digits beyond the range of a number") << QString(400, '9') << "true double 0";
     QTest::newRow("sign behind") << "5-"
                                  << "true double 0";
 }
