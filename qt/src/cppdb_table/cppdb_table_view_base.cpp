@@ -335,10 +335,9 @@ void CppDbTableViewBase::pasteBlock(const QString& text, int top, int left)
             });
             continue;
         }
-        const int before = m_model->rowCount(QModelIndex());
         const auto createNewRow = m_createNewRow; // it may replace itself while it runs
         createNewRow(left, values);
-        if (m_model->rowCount(QModelIndex()) <= before) {
+        if (target >= m_model->rowCount(QModelIndex())) {
             return;
         }
     }

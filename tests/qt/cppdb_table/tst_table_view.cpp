@@ -657,7 +657,8 @@ void TableViewTest::handlerReplacesItself()
 
 void TableViewTest::newRowsBehindRowsThatGoAway()
 {
-    // The handler does not decline: the table grows with each row, from the smaller number on.
+    // A paste ends where the row that it is at is not there after the handler's turn, and so where
+    // earlier rows have gone: what follows would not stand where the user put it.
     Fixture f(2);
     f.appendRows();
     f.model.written = [&](const QModelIndex&, int) {
@@ -667,8 +668,8 @@ void TableViewTest::newRowsBehindRowsThatGoAway()
     };
     f.select({{0, 0}});
     f.paste("1\n2\n3\n4\n5\n");
-    QCOMPARE(f.newRows, (QStringList{"0: 3", "0: 4", "0: 5"}));
-    QCOMPARE(f.table(), QString("2 11 12 13|3 - - -|4 - - -|5 - - -"));
+    QCOMPARE(f.newRows, QStringList{"0: 3"});
+    QCOMPARE(f.table(), QString("2 11 12 13|3 - - -"));
 }
 
 void TableViewTest::blockRoundTrip()
