@@ -44,8 +44,8 @@ public:
         return m_failed ? 1 : 0;
     }
 
-    /// The median of the seconds that one turn of a benchmark took, of the processor, or by the
-    /// clock if the benchmark takes its time itself. Not a number for one that was not run.
+    /// The median of the seconds that one turn of a benchmark took, of the processor, or what
+    /// the benchmark says if it takes its time itself. Not a number for one that was not run.
     double seconds(const std::string& name) const
     {
         const auto found = m_times.find(name);
@@ -142,9 +142,10 @@ private:
         const std::string& arguments = run.run_name.args;
         const std::string name =
             run.run_name.function_name + (arguments.empty() ? "" : "/" + arguments);
-        const bool byClock = run.run_name.time_type == "manual_time";
-        m_times[name].push_back((byClock ? run.real_accumulated_time : run.cpu_accumulated_time) /
-                                static_cast<double>(run.iterations));
+        const bool takenItself = run.run_name.time_type == "manual_time";
+        m_times[name].push_back(
+            (takenItself ? run.real_accumulated_time : run.cpu_accumulated_time) /
+            static_cast<double>(run.iterations));
     }
 
     std::map<std::string, std::vector<double>> m_times;
