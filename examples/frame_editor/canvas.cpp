@@ -102,6 +102,20 @@ void Canvas::fitToWindow()
     viewport()->update();
 }
 
+void Canvas::zoomToMember(int member)
+{
+    // So much of the canvas is the member itself; the rest is what it stands in.
+    constexpr double part = 0.6;
+    constexpr double least = 0.1;
+    const QLineF axis = m_memberItems.at(static_cast<std::size_t>(member))->axis();
+    const QRectF box = QRectF(axis.p1(), axis.p2()).normalized();
+    const double scale = part * qMin(viewport()->width() / qMax(box.width(), least),
+                                     viewport()->height() / qMax(box.height(), least));
+    setTransform(QTransform::fromScale(scale, scale));
+    setCenter(axis.center(), true);
+    viewport()->update();
+}
+
 QRectF Canvas::frameRect() const
 {
     QPolygonF nodes;
@@ -196,11 +210,12 @@ void Canvas::showMembers()
     m_largestLoad = 0.0;
     for (std::size_t i = 0; i < model.members.size(); ++i) {
         const Member& member = model.members[i];
-        const int section = model.findSection(member.section);
+        const bool isLink = member.kind == MemberKind::Link;
+        const int section = isLink ? -1 : model.findSection(member.section);
         m_memberItems[i]->show(
             member, section < 0 ? nullptr : &model.sections[static_cast<std::size_t>(section)]);
         placeMember(i);
-        m_largestLoad = qMax(m_largestLoad, std::abs(member.lineLoad));
+        m_largestLoad = qMax(m_largestLoad, std::abs(shownLoad(member)));
     }
 }
 

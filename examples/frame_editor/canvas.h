@@ -38,6 +38,8 @@ public:
     /// Shows the whole frame as large as it fits with its signs; and goes on doing so when the
     /// canvas is resized, until the user pans or zooms.
     void fitToWindow();
+    /// Shows one member with its neighbourhood.
+    void zoomToMember(int member);
     /// Draws loads and places in the units of the active settings.
     void showUnits();
     /// The rectangle of all nodes, in scene coordinates; never without size.
@@ -79,6 +81,8 @@ private:
     void finishRubberBand();
     void tellPlace(const QPoint& pos);
 
+    /// The line load, 0 for a rigid link, of which none counts.
+    static double shownLoad(const Member& member);
     void drawSigns(QPainter& painter) const;
     void drawLoads(QPainter& painter) const;
     void drawLabels(QPainter& painter) const;

@@ -24,9 +24,11 @@ QColor colourOf(MemberKind kind)
     case MemberKind::Rafter:
         return {142, 195, 176};
     case MemberKind::Brace:
+        return {186, 186, 186};
+    case MemberKind::Link:
         break;
     }
-    return {186, 186, 186};
+    return {70, 70, 70};
 }
 
 /// The unit vector at right angles to a line; null for a line without length.
@@ -64,7 +66,8 @@ void MemberItem::show(const Member& member, const Section* section)
         // Of a section on its side the flanges are seen from their flat face.
         m_flange = cosine > sine ? section->flangeThickness : 0.0;
     }
-    setToolTip(QStringLiteral("%1, %2").arg(member.name, member.section));
+    setToolTip(section == nullptr ? member.name
+                                  : QStringLiteral("%1, %2").arg(member.name, member.section));
     update();
 }
 

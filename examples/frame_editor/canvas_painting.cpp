@@ -69,10 +69,13 @@ void Canvas::drawSigns(QPainter& painter) const
     for (const MemberItem* item : m_memberItems) {
         const Member& member = memberOf(m_document.model(), *item);
         const QLineF axis = axisInPixels(*item);
+        drawSupport(painter, member.support, axis);
+        if (member.kind == MemberKind::Link) {
+            continue; // whatever else it has does not count
+        }
         if (member.bedded) {
             drawBedding(painter, axis, halfDepthInPixels(*item), drawnArea());
         }
-        drawSupport(painter, member.support, axis);
         if (member.hingeStart) {
             drawHinge(painter, axis.p1(), axis.p2());
         }
@@ -94,15 +97,20 @@ LineLoadSign Canvas::loadSign(const MemberItem& item) const
     const double longest =
         qBound(shortestArrow, longestArrow * std::abs(transform().m11()), longestArrowInPixels);
     load.height =
-        shortestArrow + (longest - shortestArrow) * std::abs(member.lineLoad) / m_largestLoad;
+        shortestArrow + (longest - shortestArrow) * std::abs(shownLoad(member)) / m_largestLoad;
     return load;
+}
+
+double Canvas::shownLoad(const Member& member)
+{
+    return member.kind == MemberKind::Link ? 0.0 : member.lineLoad;
 }
 
 void Canvas::drawLoads(QPainter& painter) const
 {
     for (const MemberItem* item : m_memberItems) {
         const LineLoadSign load = loadSign(*item);
-        if (memberOf(m_document.model(), *item).lineLoad != 0.0 &&
+        if (shownLoad(memberOf(m_document.model(), *item)) != 0.0 &&
             load.axis.length() >= leastLengthWithLoad) {
             drawLineLoad(painter, load, drawnArea());
         }
@@ -127,7 +135,7 @@ void Canvas::drawLabels(QPainter& painter) const
                                       metrics.size(Qt::TextSingleLine, member.name)),
                        member.name, QColor(60, 60, 60));
         }
-        if (member.lineLoad != 0.0 && axis.length() >= leastLengthWithLoad) {
+        if (shownLoad(member) != 0.0 && axis.length() >= leastLengthWithLoad) {
             labels.add(loadLabelPlace(loadSign(*item), metrics.height()),
                        formatQuantity(units, lineLoadSet, std::abs(member.lineLoad)), loadColour());
         }

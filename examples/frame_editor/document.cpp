@@ -4,6 +4,7 @@
 #include "examples/frame_editor/member_selection.h"
 #include "examples/frame_editor/model_file.h"
 
+#include <QSet>
 #include <QUndoStack>
 
 #include <cmath>
@@ -111,6 +112,49 @@ QString Document::refusal(const MemberProperty& property,
         }
     }
     return QString();
+}
+
+QString Document::replaceMembers(const std::vector<Member>& members, const QString& text)
+{
+    if (members == m_model.members) {
+        return QString();
+    }
+    const QString reason = refusal(members);
+    if (reason.isEmpty()) {
+        m_undoStack->push(new MembersCommand(*this, members, text));
+    }
+    return reason;
+}
+
+QString Document::refusal(const std::vector<Member>& members) const
+{
+    const FrameModel nobody;
+    QSet<QString> names;
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        const Member& member = members[i];
+        names.insert(member.name);
+        if (i < m_model.members.size() && member == m_model.members[i]) {
+            continue;
+        }
+        const auto isNode = [this](int node) {
+            return node >= 0 && static_cast<std::size_t>(node) < m_model.nodes.size();
+        };
+        if (!isNode(member.start) || !isNode(member.end) || member.start == member.end) {
+            return tr("a member needs two different nodes");
+        }
+        for (const MemberProperty& property : memberProperties()) {
+            // Whether the name is taken is for the new members to say, not for the old ones.
+            const FrameModel& owners = property.kind == PropertyKind::Name ? nobody : m_model;
+            const QString reason =
+                refusalOf(property, property.get(member), owners, static_cast<int>(i));
+            if (!reason.isEmpty()) {
+                return reason;
+            }
+        }
+    }
+    return static_cast<std::size_t>(names.size()) == members.size()
+               ? QString()
+               : tr("two members cannot have the same name");
 }
 
 QString Document::moveNodes(const std::vector<NodeMove>& moves)

@@ -61,6 +61,10 @@ public:
     QString setMemberValues(const MemberProperty& property,
                             const std::vector<MemberChange>& changes);
 
+    /// Replaces all members as one undo step with that text, under the same rules: members may be
+    /// others, more or fewer. Selected members that are there no longer leave the selection first.
+    QString replaceMembers(const std::vector<Member>& members, const QString& text);
+
     /// Moves nodes as one undo step, under the same rules.
     QString moveNodes(const std::vector<NodeMove>& moves);
 
@@ -75,9 +79,11 @@ Q_SIGNALS:
 
 private:
     friend class MemberCommand;
+    friend class MembersCommand;
     friend class NodeCommand;
 
     QString refusal(const MemberProperty& property, const std::vector<MemberChange>& changes) const;
+    QString refusal(const std::vector<Member>& members) const;
 
     FrameModel m_model;
     MemberSelection* m_selection;

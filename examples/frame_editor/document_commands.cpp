@@ -1,5 +1,7 @@
 #include "examples/frame_editor/document_commands.h"
 
+#include "examples/frame_editor/member_selection.h"
+
 namespace frame_editor {
 
 MemberCommand::MemberCommand(Document& document, const MemberProperty& property,
@@ -38,6 +40,38 @@ void MemberCommand::write(const std::vector<MemberChange>& changes)
         m_property.set(m_document.m_model.members.at(static_cast<std::size_t>(change.member)),
                        change.value);
     }
+    Q_EMIT m_document.changed();
+}
+
+MembersCommand::MembersCommand(Document& document, const std::vector<Member>& members,
+                               const QString& text)
+    : QUndoCommand(text)
+    , m_document(document)
+    , m_before(document.m_model.members)
+    , m_after(members)
+{}
+
+void MembersCommand::undo()
+{
+    write(m_before);
+}
+
+void MembersCommand::redo()
+{
+    write(m_after);
+}
+
+void MembersCommand::write(const std::vector<Member>& members)
+{
+    // Views ask the model for the selected members whenever they please.
+    QVector<int> selected;
+    for (const int member : m_document.selection().members()) {
+        if (static_cast<std::size_t>(member) < members.size()) {
+            selected << member;
+        }
+    }
+    m_document.selection().set(selected);
+    m_document.m_model.members = members;
     Q_EMIT m_document.changed();
 }
 

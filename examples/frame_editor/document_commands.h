@@ -25,6 +25,23 @@ private:
     std::vector<MemberChange> m_after;
 };
 
+/// The step of Document::replaceMembers().
+class MembersCommand : public QUndoCommand
+{
+public:
+    MembersCommand(Document& document, const std::vector<Member>& members, const QString& text);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    void write(const std::vector<Member>& members);
+
+    Document& m_document;
+    std::vector<Member> m_before;
+    std::vector<Member> m_after;
+};
+
 /// The step of Document::moveNodes().
 class NodeCommand : public QUndoCommand
 {

@@ -19,6 +19,8 @@ boost::any toEditorValue(const MemberProperty& property, const PropertyValue& va
         return IConverter::quantity{zel::units::UnitId(property.unitSet), std::get<double>(value)};
     case PropertyKind::Flag:
         return std::get<bool>(value);
+    case PropertyKind::Count:
+        return std::get<int>(value);
     case PropertyKind::Text:
     case PropertyKind::Name:
     case PropertyKind::Choice:
@@ -40,6 +42,10 @@ std::optional<PropertyValue> fromEditorValue(const MemberProperty& property,
         const bool* flag = boost::any_cast<bool>(&value);
         return flag ? std::optional<PropertyValue>(*flag) : std::nullopt;
     }
+    if (property.kind == PropertyKind::Count) {
+        const int* count = boost::any_cast<int>(&value);
+        return count ? std::optional<PropertyValue>(*count) : std::nullopt;
+    }
     if (const auto* narrow = boost::any_cast<std::string>(&value)) {
         return PropertyValue(QString::fromStdString(*narrow));
     }
@@ -59,6 +65,8 @@ QString displayText(const MemberProperty& property, const PropertyValue& value)
         return std::get<bool>(value) ? QObject::tr("yes") : QObject::tr("no");
     case PropertyKind::Choice:
         return property.choiceLabel(std::get<QString>(value));
+    case PropertyKind::Count:
+        return QString::number(std::get<int>(value));
     case PropertyKind::Text:
     case PropertyKind::Name:
     case PropertyKind::Section:

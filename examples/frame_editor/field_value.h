@@ -8,8 +8,8 @@
 
 namespace frame_editor {
 
-/// The value of a property as its editor takes it: a quantity against the unit set, a bool, or a
-/// text in UTF-8.
+/// The value of a property as its editor takes it: a quantity against the unit set, a bool, an
+/// int, or a text in UTF-8.
 boost::any toEditorValue(const MemberProperty& property, const PropertyValue& value);
 
 /// The way back; none for a value of another type and for no value at all.

@@ -1,5 +1,6 @@
 #include "examples/frame_editor/form_editors.h"
 
+#include "examples/frame_editor/count_validator.h"
 #include "examples/frame_editor/quantity_edit.h"
 #include "examples/frame_editor/unit_settings.h"
 
@@ -57,6 +58,15 @@ EditorMetaData makeQuantity(QWidget* parent, const HintTree& hints)
     auto* edit = new QuantityEdit(parent, validator);
     edit->setUnitString(shownUnit(zel::units::v1::get_active_input_context(), unitSet));
     return metaDataOf(edit);
+}
+
+EditorMetaData makeCount(QWidget* parent, const HintTree& hints)
+{
+    return metaDataOf(zel::qt::MultiEditLineEdit::create(
+        parent, QString(),
+        new CountValidator(zel::qt::readNeededHint<int>(hints, "count.minimum"),
+                           zel::qt::readNeededHint<int>(hints, "count.maximum")),
+        0, zel::qt::ExpandRight));
 }
 
 EditorMetaData makePicture(QWidget* parent, const HintTree& hints)
@@ -126,6 +136,7 @@ bool lessText(const boost::any& left, const boost::any& right)
 void registerFormEditors()
 {
     zel::qt::registerEditor("quantity", makeQuantity);
+    zel::qt::registerEditor("count", makeCount);
     zel::qt::registerEditor("picture", makePicture);
     zel::qt::registerEditor("search", makeSearch);
     zel::qt::registerEditor("radio", makeRadio);

@@ -95,6 +95,10 @@ HintTree hintsOf(const FormField& field, const zel::qt::HintRegistry& registry)
                             HintTree(boost::any(zel::units::UnitId(field.property->unitSet))));
         }
     }
+    if (field.property->kind == PropertyKind::Count) {
+        hints.put_child("count.minimum", HintTree(boost::any(field.property->minimum)));
+        hints.put_child("count.maximum", HintTree(boost::any(field.property->maximum)));
+    }
     hints.put_child("label", HintTree(boost::any(field.caption.toStdString())));
     return hints;
 }
@@ -121,6 +125,9 @@ QString misfitOf(const MemberProperty& property, const HintTree& hints, QWidget*
         fits = kind == "quantity";
         break;
     }
+    case PropertyKind::Count:
+        fits = kind == "count";
+        break;
     case PropertyKind::Flag:
         fits = kind == "check";
         break;

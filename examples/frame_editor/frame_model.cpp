@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 
 namespace frame_editor {
 
@@ -15,7 +16,26 @@ int indexOf(const std::vector<Item>& items, const QString& name)
     return found == items.end() ? -1 : static_cast<int>(found - items.begin());
 }
 
+/// All that makes up a member.
+auto partsOf(const Member& m)
+{
+    return std::tie(m.name, m.kind, m.start, m.end, m.section, m.material, m.lengthOffset,
+                    m.divisions, m.lineLoad, m.loadDirection, m.moment, m.temperatureDifference,
+                    m.rotation, m.thickness, m.elasticModulus, m.support, m.hingeStart, m.hingeEnd,
+                    m.bedded, m.beddingModulus, m.note, m.drawing);
+}
+
 } // namespace
+
+bool operator==(const Member& left, const Member& right)
+{
+    return partsOf(left) == partsOf(right);
+}
+
+bool operator!=(const Member& left, const Member& right)
+{
+    return !(left == right);
+}
 
 int FrameModel::findMaterial(const QString& name) const
 {
@@ -41,7 +61,8 @@ double FrameModel::memberLength(const Member& member) const
 {
     const Node& from = nodes.at(static_cast<std::size_t>(member.start));
     const Node& to = nodes.at(static_cast<std::size_t>(member.end));
-    return std::hypot(to.x - from.x, to.y - from.y) + member.lengthOffset;
+    const double offset = member.kind == MemberKind::Link ? 0.0 : member.lengthOffset;
+    return std::hypot(to.x - from.x, to.y - from.y) + offset;
 }
 
 } // namespace frame_editor

@@ -15,7 +15,8 @@ enum class MemberKind
     Column,
     Beam,
     Rafter,
-    Brace
+    Brace,
+    Link ///< a rigid connection of two nodes, for axes that do not meet: it has no section
 };
 
 /// What the start of a member rests on.
@@ -75,6 +76,7 @@ struct Member
     QString section;           ///< name of a section of the model
     QString material;          ///< name of a material of the model
     double lengthOffset = 0.0; ///< m, added to the distance of the nodes
+    int divisions = 1;         ///< parts into which an analysis divides the member
     double lineLoad = 0.0;     ///< kN/m
     LoadDirection loadDirection = LoadDirection::Vertical;
     double moment = 0.0;                ///< kNm, at the start
@@ -90,6 +92,9 @@ struct Member
     QString note;
     QString drawing; ///< path of a file, empty for none
 };
+
+bool operator==(const Member& left, const Member& right);
+bool operator!=(const Member& left, const Member& right);
 
 struct FrameModel
 {

@@ -54,7 +54,7 @@ QString valueText(const MemberProperty& property, const PropertyValue& value)
     if (const double* number = std::get_if<double>(&value)) {
         return QStringLiteral("%1 (%2)").arg(text, QString::number(*number, 'g', 17));
     }
-    return QLatin1Char('"') + text + QLatin1Char('"');
+    return property.kind == PropertyKind::Count ? text : QLatin1Char('"') + text + QLatin1Char('"');
 }
 
 class Run
@@ -188,7 +188,8 @@ private:
         for (const int index : told()) {
             const Member& member = memberAt(m_document, index);
             print(QStringLiteral("%1\t%2\t%3\t%4 - %5\t%6")
-                      .arg(member.name, valueText(kind, kind.get(member)), member.section,
+                      .arg(member.name, valueText(kind, kind.get(member)),
+                           member.kind == MemberKind::Link ? QString() : member.section,
                            model.nodes.at(static_cast<std::size_t>(member.start)).name,
                            model.nodes.at(static_cast<std::size_t>(member.end)).name,
                            formatQuantity(m_units.context(), 1001, model.memberLength(member))));

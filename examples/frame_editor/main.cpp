@@ -3,7 +3,6 @@
 #include "examples/frame_editor/form.h"
 #include "examples/frame_editor/headless_run.h"
 #include "examples/frame_editor/main_window.h"
-#include "examples/frame_editor/member_selection.h"
 #include "examples/frame_editor/translations.h"
 #include "examples/frame_editor/unit_settings.h"
 
@@ -58,13 +57,13 @@ int runWindow(const CommandLine& line, Document& document, UnitSettings& units, 
         QMessageBox::warning(&window, QObject::tr("The form cannot be used"), formError);
     }
     if (!line.modelFile.isEmpty() && window.openFile(line.modelFile)) {
-        QVector<int> members;
-        for (std::size_t i = 0; i < document.model().members.size(); ++i) {
-            if (line.selectAll || line.select.contains(document.model().members.at(i).name)) {
-                members << static_cast<int>(i);
+        QStringList names = line.select;
+        for (const Member& member : document.model().members) {
+            if (line.selectAll) {
+                names << member.name;
             }
         }
-        document.selection().set(members);
+        window.select(names);
     }
     return QApplication::exec();
 }

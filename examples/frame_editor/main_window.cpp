@@ -5,6 +5,8 @@
 #include "examples/frame_editor/document.h"
 #include "examples/frame_editor/form.h"
 #include "examples/frame_editor/member_list.h"
+#include "examples/frame_editor/member_selection.h"
+#include "examples/frame_editor/member_table.h"
 #include "examples/frame_editor/menu_titles.h"
 #include "examples/frame_editor/model_file.h"
 #include "examples/frame_editor/property_panel.h"
@@ -46,7 +48,7 @@ MainWindow::MainWindow(Document& document, UnitSettings& units, const Form& form
     connect(&document, &Document::fileChanged, this, &MainWindow::showFile);
     showFile();
     statusBar()->showMessage(tr("Ready"));
-    resize(1380, 800);
+    resize(1400, 960);
 }
 
 MainWindow::~MainWindow()
@@ -63,6 +65,19 @@ PropertyPanel& MainWindow::panel() const
 Canvas& MainWindow::canvas() const
 {
     return *m_canvas;
+}
+
+MemberTable& MainWindow::table() const
+{
+    return *m_table;
+}
+
+QString MainWindow::commitPending()
+{
+    // Only one of the two can be typed into at a time.
+    const QString refusal = m_panel->commitPending();
+    const QString tableRefusal = m_table->commitPending();
+    return refusal.isEmpty() ? tableRefusal : refusal;
 }
 
 void MainWindow::restoreView(const QString& settingsFile)
@@ -82,10 +97,10 @@ void MainWindow::createFileActions(QToolBar& bar)
                                     this, &MainWindow::save);
     save->setShortcut(QKeySequence::Save);
     QAction* saveAs = menu->addAction(tr("Save &as..."), this, &MainWindow::saveWithDialog);
-    saveAs->setShortcut(QKeySequence(Qt::CTRL + Qt::SHIFT + Qt::Key_S));
+    saveAs->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+S")));
     menu->addSeparator();
     QAction* quit = menu->addAction(tr("&Quit"), this, &QWidget::close);
-    quit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Q));
+    quit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
     bar.addAction(open);
     bar.addAction(save);
     bar.addSeparator();
@@ -98,14 +113,14 @@ void MainWindow::createEditActions(QToolBar& bar)
     // What is being typed is a step of its own, and the first one to be undone.
     QAction* undo = menu->addAction(style()->standardIcon(QStyle::SP_ArrowBack), QString(), this,
                                     [this, &stack] {
-                                        m_panel->commitPending();
+                                        commitPending();
                                         stack.undo();
                                     });
     undo->setObjectName(QStringLiteral("undo"));
     undo->setShortcut(QKeySequence::Undo);
     QAction* redo = menu->addAction(style()->standardIcon(QStyle::SP_ArrowForward), QString(), this,
                                     [this, &stack] {
-                                        m_panel->commitPending();
+                                        commitPending();
                                         stack.redo();
                                     });
     redo->setObjectName(QStringLiteral("redo"));
@@ -127,9 +142,17 @@ void MainWindow::createViewActions(QToolBar& bar)
 {
     QMenu* menu = menuBar()->addMenu(MenuTitles().view);
     QAction* fit = menu->addAction(tr("&Fit to window"), m_canvas, &Canvas::fitToWindow);
-    fit->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_0));
+    fit->setShortcut(QKeySequence(QStringLiteral("Ctrl+0")));
     bar.addAction(fit);
     bar.addSeparator();
+    QAction* table = m_tableDock->toggleViewAction();
+    table->setShortcut(QKeySequence(QStringLiteral("Ctrl+T")));
+    menu->addAction(table);
+    connect(table, &QAction::triggered, m_table, [this](bool shown) {
+        if (shown) {
+            m_table->setFocus(Qt::ShortcutFocusReason);
+        }
+    });
     menu->addSeparator();
     for (const QString& fileName : formFiles()) {
         menu->addAction(tr("Form \"%1\"").arg(QFileInfo(fileName).completeBaseName()), this,
@@ -170,6 +193,20 @@ void MainWindow::createViews(const Form& form)
     resizeDocks({members, properties}, {270, 470}, Qt::Horizontal);
     connect(m_panel, &PropertyPanel::told, this, &MainWindow::showStatus);
     createCanvas();
+    createTable();
+}
+
+void MainWindow::createTable()
+{
+    m_table = new MemberTable(m_document, m_units, this);
+    m_tableDock = addDock(Qt::BottomDockWidgetArea, tr("Table of members"), m_table);
+    m_tableDock->setFeatures(m_tableDock->features() | QDockWidget::DockWidgetClosable);
+    // The properties are long, the table is wide.
+    setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
+    setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
+    resizeDocks({m_tableDock}, {m_table->sizeHint().height()}, Qt::Vertical);
+    connect(m_table, &MemberTable::told, this, &MainWindow::showStatus);
+    connect(m_table, &MemberTable::zoomRequested, m_canvas, &Canvas::zoomToMember);
 }
 
 void MainWindow::createCanvas()
@@ -205,6 +242,24 @@ QDockWidget* MainWindow::addDock(Qt::DockWidgetArea area, const QString& title, 
 void MainWindow::showStatus(const QString& text)
 {
     statusBar()->showMessage(text);
+}
+
+void MainWindow::select(const QStringList& names)
+{
+    QVector<int> members;
+    QStringList unknown;
+    for (const QString& name : names) {
+        const int member = m_document.model().findMember(name);
+        if (member >= 0) {
+            members << member;
+        } else {
+            unknown << name;
+        }
+    }
+    m_document.selection().set(members);
+    if (!unknown.isEmpty()) {
+        showStatus(tr("There is no member \"%1\"").arg(unknown.join(QStringLiteral("\", \""))));
+    }
 }
 
 bool MainWindow::openFile(const QString& fileName)
@@ -269,7 +324,7 @@ bool MainWindow::saveWithDialog()
 
 bool MainWindow::saveTo(const QString& fileName)
 {
-    const QString refusal = m_panel->commitPending();
+    const QString refusal = commitPending();
     try {
         m_document.saveAs(fileName);
     } catch (const FileError& error) {
@@ -285,7 +340,7 @@ bool MainWindow::saveTo(const QString& fileName)
 bool MainWindow::mayDiscard()
 {
     // A text that is refused is no change of the model, but the user should not lose it unasked.
-    const QString refusal = m_panel->commitPending();
+    const QString refusal = commitPending();
     const bool modified = m_document.isModified();
     if (!modified && refusal.isEmpty()) {
         return true;

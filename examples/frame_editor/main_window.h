@@ -12,6 +12,7 @@ namespace frame_editor {
 class Canvas;
 class Document;
 class MemberList;
+class MemberTable;
 class PropertyPanel;
 class ResultsView;
 class UnitSettings;
@@ -29,6 +30,7 @@ public:
 
     PropertyPanel& panel() const;
     Canvas& canvas() const;
+    MemberTable& table() const;
 
     /// Shows the view as the user left it, and keeps his changes of it in that file. Without this
     /// call the view is that of a first start.
@@ -45,6 +47,9 @@ public:
 
     /// Shows one line in the status bar until the next one comes.
     void showStatus(const QString& text);
+
+    /// Selects members by their names; a name that nobody has is told of in the status bar.
+    void select(const QStringList& names);
 
 public Q_SLOTS:
     /// Asks for the fate of changes and for a file.
@@ -65,6 +70,10 @@ private:
     void createUnitChooser(QToolBar& bar);
     void createViews(const Form& form);
     void createCanvas();
+    void createTable();
+    /// Ends the editing of what is being typed anywhere.
+    /// @return why it is refused, or an empty text
+    QString commitPending();
     QDockWidget* addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content);
     bool saveTo(const QString& fileName);
     /// Whether the present model may go: it is saved, or the user gave it up.
@@ -76,6 +85,8 @@ private:
     PropertyPanel* m_panel = nullptr;
     ResultsView* m_results = nullptr;
     Canvas* m_canvas = nullptr;
+    MemberTable* m_table = nullptr;
+    QDockWidget* m_tableDock = nullptr;
 };
 
 } // namespace frame_editor

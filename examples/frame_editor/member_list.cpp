@@ -12,8 +12,10 @@ namespace {
 QString itemText(const Member& member)
 {
     const MemberProperty& kind = *findMemberProperty(QStringLiteral("kind"));
-    return QStringLiteral("%1  (%2, %3)")
-        .arg(member.name, kind.choiceLabel(std::get<QString>(kind.get(member))), member.section);
+    const QString kindLabel = kind.choiceLabel(std::get<QString>(kind.get(member)));
+    return member.kind == MemberKind::Link
+               ? QStringLiteral("%1  (%2)").arg(member.name, kindLabel)
+               : QStringLiteral("%1  (%2, %3)").arg(member.name, kindLabel, member.section);
 }
 
 } // namespace

@@ -19,6 +19,8 @@ constexpr int momentSet = 1194;
 constexpr int angleSet = 1200;
 constexpr int temperatureDifferenceSet = 1237;
 
+constexpr int mostDivisions = 1000;
+
 /// A key of an enumeration with its English name, which the translators see.
 struct NamedKey
 {
@@ -47,6 +49,22 @@ MemberProperty quantity(const char* id, const QString& label, int unitSet, doubl
 {
     MemberProperty property = plain(id, label, PropertyKind::Quantity, field);
     property.unitSet = unitSet;
+    return property;
+}
+
+MemberProperty count(const char* id, const QString& label, int minimum, int maximum,
+                     int Member::*field)
+{
+    MemberProperty property = plain(id, label, PropertyKind::Count, field);
+    property.minimum = minimum;
+    property.maximum = maximum;
+    property.isOptional = true;
+    return property;
+}
+
+MemberProperty forLinks(MemberProperty property)
+{
+    property.isForLinks = true;
     return property;
 }
 
@@ -81,7 +99,8 @@ std::vector<MemberProperty> makeProperties()
     const Keys kinds{{"column", QT_TRANSLATE_NOOP("QObject", "Column")},
                      {"beam", QT_TRANSLATE_NOOP("QObject", "Beam")},
                      {"rafter", QT_TRANSLATE_NOOP("QObject", "Rafter")},
-                     {"brace", QT_TRANSLATE_NOOP("QObject", "Brace")}};
+                     {"brace", QT_TRANSLATE_NOOP("QObject", "Brace")},
+                     {"link", QT_TRANSLATE_NOOP("QObject", "Rigid link")}};
     const Keys supports{{"none", QT_TRANSLATE_NOOP("QObject", "None")},
                         {"roller", QT_TRANSLATE_NOOP("QObject", "Roller")},
                         {"pinned", QT_TRANSLATE_NOOP("QObject", "Pinned")},
@@ -90,11 +109,12 @@ std::vector<MemberProperty> makeProperties()
                           {"projected", QT_TRANSLATE_NOOP("QObject", "Vertical, per plan length")},
                           {"normal", QT_TRANSLATE_NOOP("QObject", "Normal to the member")}};
     return {
-        plain("name", QObject::tr("Name"), PropertyKind::Name, &Member::name),
-        choice("kind", QObject::tr("Kind"), kinds, &Member::kind),
+        forLinks(plain("name", QObject::tr("Name"), PropertyKind::Name, &Member::name)),
+        forLinks(choice("kind", QObject::tr("Kind"), kinds, &Member::kind)),
         plain("section", QObject::tr("Cross section"), PropertyKind::Section, &Member::section),
         plain("material", QObject::tr("Material"), PropertyKind::Material, &Member::material),
         quantity("length_offset", QObject::tr("Length offset"), lengthSet, &Member::lengthOffset),
+        count("divisions", QObject::tr("Divisions"), 1, mostDivisions, &Member::divisions),
         quantity("line_load", QObject::tr("Line load"), lineLoadSet, &Member::lineLoad),
         choice("load_direction", QObject::tr("Load direction"), directions, &Member::loadDirection),
         quantity("moment", QObject::tr("Moment"), momentSet, &Member::moment),
@@ -104,15 +124,15 @@ std::vector<MemberProperty> makeProperties()
         quantity("thickness", QObject::tr("Thickness"), thicknessSet, &Member::thickness),
         quantity("elastic_modulus", QObject::tr("Elastic modulus"), elasticModulusSet,
                  &Member::elasticModulus),
-        choice("support", QObject::tr("Support"), supports, &Member::support),
+        forLinks(choice("support", QObject::tr("Support"), supports, &Member::support)),
         plain("hinge_start", QObject::tr("Hinge at start"), PropertyKind::Flag,
               &Member::hingeStart),
         plain("hinge_end", QObject::tr("Hinge at end"), PropertyKind::Flag, &Member::hingeEnd),
         plain("bedded", QObject::tr("Bedded foundation"), PropertyKind::Flag, &Member::bedded),
         quantity("bedding_modulus", QObject::tr("Bedding modulus"), beddingModulusSet,
                  &Member::beddingModulus),
-        plain("note", QObject::tr("Note"), PropertyKind::Text, &Member::note),
-        plain("drawing", QObject::tr("Drawing"), PropertyKind::Text, &Member::drawing),
+        forLinks(plain("note", QObject::tr("Note"), PropertyKind::Text, &Member::note)),
+        forLinks(plain("drawing", QObject::tr("Drawing"), PropertyKind::Text, &Member::drawing)),
     };
 }
 
@@ -176,6 +196,11 @@ const MemberProperty* findMemberProperty(const QString& id)
     return nullptr;
 }
 
+bool appliesTo(const MemberProperty& property, const Member& member)
+{
+    return member.kind != MemberKind::Link || property.isForLinks;
+}
+
 QString refusalOf(const MemberProperty& property, const PropertyValue& value,
                   const FrameModel& model, int member)
 {
@@ -185,6 +210,14 @@ QString refusalOf(const MemberProperty& property, const PropertyValue& value,
     case PropertyKind::Quantity:
         return std::isfinite(std::get<double>(value)) ? QString()
                                                       : QObject::tr("this is no finite number");
+    case PropertyKind::Count: {
+        const int number = std::get<int>(value);
+        return number >= property.minimum && number <= property.maximum
+                   ? QString()
+                   : QObject::tr("a whole number from %1 to %2 is needed here")
+                         .arg(property.minimum)
+                         .arg(property.maximum);
+    }
     case PropertyKind::Section:
         return model.findSection(std::get<QString>(value)) >= 0
                    ? QString()

@@ -9,15 +9,16 @@
 
 namespace frame_editor {
 
-/// The value of a property: a text (names and keys of choices too), a number in base units, or yes
-/// and no.
-using PropertyValue = std::variant<QString, double, bool>;
+/// The value of a property: a text (names and keys of choices too), a number in base units, yes and
+/// no, or a whole number.
+using PropertyValue = std::variant<QString, double, bool, int>;
 
 enum class PropertyKind
 {
     Text,     ///< free text
     Name,     ///< text that is not empty and that no other member has
     Quantity, ///< number of a unit set
+    Count,    ///< whole number from `minimum` to `maximum`
     Flag,
     Choice,  ///< key of one of `choices`
     Section, ///< name of a section of the model
@@ -34,6 +35,12 @@ struct MemberProperty
     QString label; ///< caption
     PropertyKind kind = PropertyKind::Text;
     int unitSet = 0; ///< number of the unit set of a quantity, such as 1001
+    int minimum = 0; ///< of a count
+    int maximum = 0; ///< of a count
+    /// Whether files may be without it, where a member has the value of a new one.
+    bool isOptional = false;
+    /// Whether a rigid link has it too.
+    bool isForLinks = false;
     std::vector<Choice> choices;
     /// The English names of `choices`, which are the same in all languages that the user may read:
     /// with the keys, what the command line takes and prints.
@@ -55,6 +62,10 @@ const std::vector<MemberProperty>& memberProperties();
 
 /// The property of that id, or null.
 const MemberProperty* findMemberProperty(const QString& id);
+
+/// Whether a property counts for a member: a rigid link has neither section nor loads. What does
+/// not count is kept all the same.
+bool appliesTo(const MemberProperty& property, const Member& member);
 
 /// Why `value` cannot stand in a member of this model, or an empty text. `member` is the index of
 /// the member that is to get it.

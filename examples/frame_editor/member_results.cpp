@@ -67,18 +67,19 @@ const std::vector<MemberResult>& memberResults()
 {
     static const std::vector<MemberResult> results{
         {QStringLiteral("length"), QObject::tr("Length"),
-         QObject::tr("The distance of the nodes and the length offset"), 1001,
+         QObject::tr("The distance of the nodes and the length offset"), 1001, true,
          [](const FrameModel& model, const Member& member) { return model.memberLength(member); }},
         {QStringLiteral("mass"), QObject::tr("Mass"), QObject::tr("Area, length and density"), 1180,
-         mass},
+         false, mass},
         {QStringLiteral("load"), QObject::tr("Load"), QObject::tr("The resultant of the line load"),
-         1190, loadResultant},
+         1190, false, loadResultant},
         {QStringLiteral("moment"), QObject::tr("Span moment"),
-         QObject::tr("Of the line load on the member as a simple beam"), 1104, spanMoment},
+         QObject::tr("Of the line load on the member as a simple beam"), 1104, false, spanMoment},
         {QStringLiteral("curvature"), QObject::tr("Thermal curvature"),
-         QObject::tr("Of the temperature difference on the free member"), 1009, thermalCurvature},
+         QObject::tr("Of the temperature difference on the free member"), 1009, false,
+         thermalCurvature},
         {QStringLiteral("buckling"), QObject::tr("Buckling load"),
-         QObject::tr("In the plane, with hinged ends"), 1101, bucklingLoad},
+         QObject::tr("In the plane, with hinged ends"), 1101, false, bucklingLoad},
     };
     return results;
 }

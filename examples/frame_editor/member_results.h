@@ -14,6 +14,7 @@ struct MemberResult
     QString label;
     QString meaning; ///< one line, for the tool tip
     int unitSet = 0;
+    bool isForLinks = false; ///< whether a rigid link has it
     /// In base units.
     std::function<double(const FrameModel&, const Member&)> value;
 };

@@ -4,6 +4,9 @@
 
 #include <QSet>
 
+#include <cmath>
+#include <limits>
+
 namespace frame_editor {
 
 namespace {
@@ -74,9 +77,21 @@ std::vector<Item> readItems(const JsonReading& list, const NumberKey<Item> (&key
     return items;
 }
 
+/// A number that is no whole one, or beyond all integers, becomes one that no property takes.
+int readCount(const JsonReading& reading)
+{
+    const double number = reading.number();
+    constexpr int none = std::numeric_limits<int>::min();
+    const bool isCount =
+        number > none && number <= std::numeric_limits<int>::max() && number == std::floor(number);
+    return isCount ? static_cast<int>(number) : none;
+}
+
 PropertyValue readProperty(const MemberProperty& property, const JsonReading& reading)
 {
     switch (property.kind) {
+    case PropertyKind::Count:
+        return readCount(reading);
     case PropertyKind::Quantity:
         return reading.number();
     case PropertyKind::Flag:
@@ -112,6 +127,9 @@ void readMembers(const JsonReading& list, FrameModel& model)
         reading.allowOnly(allowed);
         Member member;
         for (const MemberProperty& property : memberProperties()) {
+            if (property.isOptional && !reading.has(property.id.toUtf8().constData())) {
+                continue;
+            }
             const JsonReading value = reading.member(property.id);
             const PropertyValue read = readProperty(property, value);
             const QString refusal = refusalOf(property, read, model, i);

@@ -101,6 +101,9 @@ QByteArray valueText(const PropertyValue& value)
     if (const bool* flag = std::get_if<bool>(&value)) {
         return *flag ? "true" : "false";
     }
+    if (const int* count = std::get_if<int>(&value)) {
+        return QByteArray::number(*count);
+    }
     return text(std::get<QString>(value));
 }
 
@@ -108,6 +111,10 @@ QByteArray memberText(const Member& member, const FrameModel& model)
 {
     QByteArrayList entries;
     for (const MemberProperty& property : memberProperties()) {
+        // A file that is without such a key stays without it.
+        if (property.isOptional && property.get(member) == property.get(Member())) {
+            continue;
+        }
         entries << entry(property.id.toUtf8().constData(), valueText(property.get(member)));
         if (property.kind == PropertyKind::Name) {
             const auto name = [&model](int node) {

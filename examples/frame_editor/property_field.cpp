@@ -1,5 +1,6 @@
 #include "examples/frame_editor/property_field.h"
 
+#include "examples/frame_editor/count_validator.h"
 #include "examples/frame_editor/document.h"
 #include "examples/frame_editor/field_value.h"
 #include "examples/frame_editor/quantity_edit.h"
@@ -144,9 +145,12 @@ void PropertyField::showNothingTyped()
     }
     if (m_lineEdit) {
         // Neither setValue() nor forceVaries() takes the colour and the hint of the last editing
-        // off; an empty text, which is good and has no hint, does.
-        m_lineEdit->edit().setText(QString());
-        m_lineEdit->onTextEdited(QString());
+        // off; a text that is good and has no hint does, as a rule the empty one.
+        const QString good = m_property.kind == PropertyKind::Count
+                                 ? QString::number(m_property.minimum)
+                                 : QString();
+        m_lineEdit->edit().setText(good);
+        m_lineEdit->onTextEdited(good);
     } else if (m_control) {
         // A group box that varied is enabled again by this alone.
         m_control->reset();
@@ -203,8 +207,7 @@ FieldOutcome PropertyField::commitText()
     const QString typed = m_typed.value_or(text);
     if (!m_lineEdit->isValueValid()) {
         m_typed = typed;
-        return refuse(m_quantity ? m_quantity->quantityValidator().refusal(text)
-                                 : tr("\"%1\" cannot stand here").arg(text));
+        return refuse(refusalOfText(text));
     }
     const std::optional<double> moved =
         m_quantity ? m_quantity->quantityValidator().takeMoved() : std::nullopt;
@@ -227,6 +230,16 @@ FieldOutcome PropertyField::commitText()
                               .arg(m_property.label, displayText(m_display, *converted), typed);
     }
     return outcome;
+}
+
+QString PropertyField::refusalOfText(const QString& text) const
+{
+    if (m_quantity) {
+        return m_quantity->quantityValidator().refusal(text);
+    }
+    return m_property.kind == PropertyKind::Count
+               ? CountValidator::refusal(text, m_property.minimum, m_property.maximum)
+               : tr("\"%1\" cannot stand here").arg(text);
 }
 
 FieldOutcome PropertyField::commitChoice()

@@ -89,6 +89,7 @@ private:
     void showNothingTyped();
     void onValueChanged();
     FieldOutcome commitText();
+    QString refusalOfText(const QString& text) const;
     FieldOutcome commitChoice();
     FieldOutcome write(const PropertyValue& value);
     FieldOutcome refuse(const QString& reason);

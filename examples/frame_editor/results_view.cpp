@@ -127,10 +127,11 @@ void ResultsView::showResults()
         const MemberResult& result = memberResults().at(i);
         QString text;
         for (const int member : members) {
-            const double value =
-                result.value(model, model.members.at(static_cast<std::size_t>(member)));
-            const QString shown =
-                formatQuantity(zel::units::v1::get_active_input_context(), result.unitSet, value);
+            const Member& one = model.members.at(static_cast<std::size_t>(member));
+            const QString shown = one.kind == MemberKind::Link && !result.isForLinks
+                                      ? tr("none")
+                                      : formatQuantity(zel::units::v1::get_active_input_context(),
+                                                       result.unitSet, result.value(model, one));
             text = text.isEmpty() || text == shown ? shown : zel::qt::getVariesString();
         }
         m_values.at(i)->setText(text);

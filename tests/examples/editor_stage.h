@@ -20,7 +20,8 @@ namespace zel::test {
 
 /// The frame editor on the portal frame, its window shown and active.
 ///
-/// Members of that frame: 0 C1, 1 C2, 2 R1, 3 R2, 4 R3, 5 R4, 6 P1, 7 B1, 8 B2, 9 T1.
+/// Members of that frame: 0 C1, 1 C2, 2 R1, 3 R2, 4 R3, 5 R4, 6 P1, 7 B1, 8 B2, 9 T1, 10 L1 (a
+/// rigid link).
 struct EditorStage
 {
     explicit EditorStage(const char* model = "portal_frame.json")

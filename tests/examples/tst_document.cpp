@@ -8,7 +8,9 @@
 #include <QTemporaryDir>
 #include <QUndoStack>
 
+#include <functional>
 #include <limits>
+#include <utility>
 
 using namespace frame_editor;
 
@@ -36,6 +38,8 @@ private Q_SLOTS:
     void refusedChanges();
     void namesOfSeveralMembers();
     void movedNodes();
+    void replacedMembers();
+    void refusedMembers();
     void modifiedMark();
     void failedOpenLeavesEverything();
     void failedSaveLeavesTheMark();
@@ -172,6 +176,71 @@ void TestDocument::movedNodes()
     QCOMPARE(document.moveNodes({{1, std::numeric_limits<double>::quiet_NaN(), 0.0}}),
              QStringLiteral("this is no finite number"));
     QCOMPARE(document.undoStack().undoText(), QString());
+}
+
+void TestDocument::replacedMembers()
+{
+    Document document;
+    document.open(portalFrame);
+    const QByteArray before = writeModel(document.model());
+    std::vector<Member> members = document.model().members;
+    QCOMPARE(document.replaceMembers(members, QStringLiteral("Nothing")), QString());
+    QCOMPARE(document.undoStack().count(), 0);
+    members.push_back(members.front());
+    members.back().name = QStringLiteral("X");
+    members.front().lineLoad = 1.0;
+    QCOMPARE(document.replaceMembers(members, QStringLiteral("More")), QString());
+    QCOMPARE(document.undoStack().undoText(), QStringLiteral("More"));
+    QCOMPARE(document.model().members.back().name, QStringLiteral("X"));
+
+    // A selected member that goes leaves the selection while it is still there to be asked for.
+    document.selection().set({0, 11});
+    std::size_t present = 0;
+    QVector<int> selected;
+    connect(&document, &Document::selectionChanged, this, [&] {
+        present = document.model().members.size();
+        selected = document.selection().members();
+    });
+    document.undoStack().undo();
+    QCOMPARE(present, std::size_t(12));
+    QCOMPARE(selected, QVector<int>{0});
+    QCOMPARE(writeModel(document.model()), before);
+    document.undoStack().redo();
+    QCOMPARE(document.model().members.front().lineLoad, 1.0);
+    QCOMPARE(document.selection().members(), QVector<int>{0});
+}
+
+void TestDocument::refusedMembers()
+{
+    Document document;
+    document.open(portalFrame);
+    const QByteArray before = writeModel(document.model());
+    const auto refusal = [&document](const std::function<void(Member&)>& change) {
+        std::vector<Member> members = document.model().members;
+        change(members.front());
+        return document.replaceMembers(members, QStringLiteral("Step"));
+    };
+    QCOMPARE(refusal([](Member& member) { member.name = QStringLiteral("R1"); }),
+             QStringLiteral("two members cannot have the same name"));
+    QCOMPARE(refusal([](Member& member) { member.name.clear(); }),
+             QStringLiteral("a member needs a name"));
+    QCOMPARE(refusal([](Member& member) { member.start = member.end; }),
+             QStringLiteral("a member needs two different nodes"));
+    QCOMPARE(refusal([](Member& member) { member.end = 99; }),
+             QStringLiteral("a member needs two different nodes"));
+    QCOMPARE(refusal([](Member& member) { member.section = QStringLiteral("none"); }),
+             QStringLiteral("the model has no cross section \"none\""));
+    QCOMPARE(refusal([](Member& member) { member.divisions = 0; }),
+             QStringLiteral("a whole number from 1 to 1000 is needed here"));
+    QCOMPARE(
+        refusal([](Member& member) { member.moment = std::numeric_limits<double>::infinity(); }),
+        QStringLiteral("this is no finite number"));
+    QCOMPARE(document.undoStack().count(), 0);
+    QCOMPARE(writeModel(document.model()), before);
+    // Two members can exchange their names.
+    std::vector<Member> members = document.model().members;
+    std::swap(members[0].name, members[1].name);
+    QCOMPARE(document.replaceMembers(members, QStringLiteral("Step")), QString());
 }
 
 void TestDocument::modifiedMark()

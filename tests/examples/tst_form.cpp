@@ -60,7 +60,7 @@ void TestForm::suppliedForms_data()
 {
     QTest::addColumn<QString>("fileName");
     QTest::addColumn<int>("count");
-    QTest::newRow("member") << formPath("member.json") << 19;
+    QTest::newRow("member") << formPath("member.json") << 20;
     QTest::newRow("loads") << formPath("loads.json") << 5;
 }
 

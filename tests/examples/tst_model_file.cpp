@@ -103,7 +103,7 @@ void TestModelFile::suppliedModels()
 void TestModelFile::portalFrame()
 {
     const FrameModel model = loadModel(modelPath("portal_frame.json"));
-    QCOMPARE(model.members.size(), std::size_t(10));
+    QCOMPARE(model.members.size(), std::size_t(11));
     const Member& column = model.members.at(std::size_t(model.findMember(QStringLiteral("C1"))));
     QCOMPARE(model.nodes.at(std::size_t(column.start)).name, QStringLiteral("N1"));
     QCOMPARE(model.memberLength(column), 7.0);
@@ -113,6 +113,14 @@ void TestModelFile::portalFrame()
     QCOMPARE(column.lineLoad, 3.6);
     const Member& tie = model.members.at(std::size_t(model.findMember(QStringLiteral("T1"))));
     QCOMPARE(tie.lengthOffset, 0.0004);
+    QCOMPARE(tie.divisions, 1);
+    QCOMPARE(model.members.at(3).divisions, 4);
+    const Member& link = model.members.at(std::size_t(model.findMember(QStringLiteral("L1"))));
+    QVERIFY(link.kind == MemberKind::Link);
+    // An offset of its length would not count.
+    Member longer = link;
+    longer.lengthOffset = 1.0;
+    QCOMPARE(model.memberLength(longer), model.memberLength(link));
     QVERIFY(tie.hingeStart);
     QVERIFY(tie.hingeEnd);
 }
@@ -164,6 +172,9 @@ void TestModelFile::everyPropertyRoundTrips()
         case PropertyKind::Quantity:
             number *= -3.7;
             property.set(member, number);
+            break;
+        case PropertyKind::Count:
+            property.set(member, property.maximum);
             break;
         case PropertyKind::Flag:
             property.set(member, true);
@@ -283,6 +294,12 @@ void TestModelFile::refused_data()
         "m.json:29:33: $.members[0].colour: the format has no key \"colour\" here");
     row("key with a line end", "\"title\"", R"("a\n\u2028b": 3, "title")",
         "m.json:4:17: $.a\ufffd\ufffdb: the format has no key \"a\ufffd\ufffdb\" here");
+    for (const char* number : {"0", "1001", "2.5", "-4294967295", "1e300"}) {
+        const QByteArray tag = QByteArray("divisions ") + number;
+        const QByteArray text = QByteArray("\"note\": \"\", \"divisions\": ") + number;
+        row(tag, "\"note\": \"\"", text,
+            "m.json:36:32: $.members[0].divisions: a whole number from 1 to 1000 is needed here");
+    }
     row("key twice", "\"moment\": 0,", "\"moment\": 0, \"moment\": 5,",
         "m.json:26:20: the name \"moment\" stands twice in one object");
 }
