@@ -440,8 +440,8 @@ void TestCanvas::otherModelIsFitted()
         QVERIFY(stage.canvas.viewport()->rect().contains(stage.canvas.mapFromScene(grip->pos())));
     }
     stage.document.open(portalFrame);
-    QCOMPARE(stage.canvas.nodeGrips().size(), std::size_t(8));
-    QCOMPARE(stage.canvas.scene()->items().size(), 18);
+    QCOMPARE(stage.canvas.nodeGrips().size(), std::size_t(9));
+    QCOMPARE(stage.canvas.scene()->items().size(), 20);
 }
 
 void TestCanvas::titleIsTheFile()
