@@ -88,7 +88,8 @@ void RowTracker::remember()
     const auto byRow = [](const QModelIndex& a, const QModelIndex& b) { return a.row() < b.row(); };
     const auto range = std::minmax_element(cells.cbegin(), cells.cend(), byRow);
     m_first = range.first->row();
-    m_rows.resize(static_cast<std::size_t>(range.second->row() - m_first + 1));
+    const int count = range.second->row() - m_first + 1;
+    m_rows.resize(static_cast<std::size_t>(count));
     for (const QModelIndex& cell : cells) {
         QPersistentModelIndex& row = m_rows[static_cast<std::size_t>(cell.row() - m_first)];
         if (!row.isValid()) {
