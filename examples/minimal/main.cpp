@@ -45,6 +45,7 @@ int main(int argc, char** argv)
     for (const Beam& beam : beams) {
         field->readValue(v1::IConverter::quantity{lengths, beam.length});
     }
+    field->selectAll(); // what is typed now takes the place of the marker
     //! [read]
 
     //! [write]

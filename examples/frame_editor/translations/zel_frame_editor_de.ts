@@ -247,11 +247,11 @@
     </message>
     <message>
         <source>%1: the text has characters that cannot be typed</source>
-        <translation>%1: der Text hat Zeichen, die sich nicht tippen lassen</translation>
+        <translation>%1: Der Text hat Zeichen, die sich nicht tippen lassen</translation>
     </message>
     <message>
         <source>argument %1 is not UTF-8</source>
-        <translation>Argument %1 ist nicht in UTF-8</translation>
+        <translation>Argument %1 ist kein UTF-8</translation>
     </message>
     <message>
         <source>%1: &quot;%2&quot; is neither yes nor no</source>
@@ -568,6 +568,74 @@ das Fenster auch spricht. Ein Text, der abgelehnt wird, beendet das Programm mit
 nichts wird geschrieben.
 </translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is no whole number from %2 to %3</source>
+        <translation>„%1“ ist keine ganze Zahl von %2 bis %3</translation>
+    </message>
+    <message>
+        <source>Rigid link</source>
+        <translation>Starrer Stab</translation>
+    </message>
+    <message>
+        <source>Divisions</source>
+        <translation>Teilungen</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2 is needed here</source>
+        <translation>hier wird eine ganze Zahl von %1 bis %2 erwartet</translation>
+    </message>
+    <message>
+        <source>this is longer than %1 characters</source>
+        <translation>das ist länger als %1 Zeichen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot stand here</source>
+        <translation>„%1“ kann hier nicht stehen</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither yes nor no</source>
+        <translation>„%1“ ist weder yes noch no</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Start node</source>
+        <translation>Anfangsknoten</translation>
+    </message>
+    <message>
+        <source>End node</source>
+        <translation>Endknoten</translation>
+    </message>
+    <message>
+        <source>%1 is less than %2</source>
+        <translation>%1 ist weniger als %2</translation>
+    </message>
+    <message>
+        <source>%1 is more than %2</source>
+        <translation>%1 ist mehr als %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not in the list</source>
+        <translation>„%1“ steht nicht in der Liste</translation>
+    </message>
+    <message>
+        <source>a member needs two nodes, a section and a material</source>
+        <translation>ein Stab braucht zwei Knoten, einen Querschnitt und einen Werkstoff</translation>
+    </message>
+    <message>
+        <source>a rigid link has no such value</source>
+        <translation>ein starrer Stab hat keinen solchen Wert</translation>
+    </message>
+    <message>
+        <source>this cannot be empty</source>
+        <translation>das darf nicht leer sein</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no place here</source>
+        <translation>„%1“ hat hier keinen Platz</translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::Canvas</name>
@@ -604,6 +672,10 @@ nichts wird geschrieben.
     <message>
         <source>this is no finite number</source>
         <translation>das ist keine endliche Zahl</translation>
+    </message>
+    <message>
+        <source>a member needs two different nodes</source>
+        <translation>ein Stab braucht zwei verschiedene Knoten</translation>
     </message>
 </context>
 <context>
@@ -783,12 +855,119 @@ nichts wird geschrieben.
         <source>%1[*] - Frame editor</source>
         <translation>%1[*] - Rahmeneditor</translation>
     </message>
+    <message>
+        <source>Table of members</source>
+        <translation>Stabtabelle</translation>
+    </message>
+    <message>
+        <source>There is no member &quot;%1&quot;</source>
+        <translation>Es gibt keinen Stab „%1“</translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::MemberList</name>
     <message>
         <source>Members</source>
         <translation>Stäbe</translation>
+    </message>
+</context>
+<context>
+    <name>frame_editor::MemberTable</name>
+    <message>
+        <source>Table of members</source>
+        <translation>Stabtabelle</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Ausschneiden</translation>
+    </message>
+    <message>
+        <source>Clearing</source>
+        <translation>Leeren</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Einfügen</translation>
+    </message>
+    <message>
+        <source>a member needs two nodes, a section and a material</source>
+        <translation>ein Stab braucht zwei Knoten, einen Querschnitt und einen Werkstoff</translation>
+    </message>
+</context>
+<context>
+    <name>frame_editor::MemberTableModel</name>
+    <message>
+        <source>Show</source>
+        <translation>Zeigen</translation>
+    </message>
+    <message>
+        <source>A rigid link has no such value</source>
+        <translation>Ein starrer Stab hat keinen solchen Wert</translation>
+    </message>
+    <message>
+        <source>A name makes a new member</source>
+        <translation>Ein Name macht einen neuen Stab</translation>
+    </message>
+    <message>
+        <source>Zooms to %1</source>
+        <translation>Zoomt auf %1</translation>
+    </message>
+    <message>
+        <source>Zoom to %1</source>
+        <translation>Auf %1 zoomen</translation>
+    </message>
+    <message>
+        <source>%1: written; %2</source>
+        <translation>%1: übernommen; %2</translation>
+    </message>
+    <message>
+        <source>%1: written</source>
+        <translation>%1: übernommen</translation>
+    </message>
+    <message>
+        <source>New member %1</source>
+        <translation>Neuer Stab %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n new members</source>
+        <translation>
+            <numerusform>%n neuer Stab</numerusform>
+            <numerusform>%n neue Stäbe</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n cells</source>
+        <translation>
+            <numerusform>%1 von %n Zelle</numerusform>
+            <numerusform>%1 von %n Zellen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 von %2</translation>
+    </message>
+    <message>
+        <source>New member</source>
+        <translation>Neuer Stab</translation>
+    </message>
+    <message>
+        <source>column %1</source>
+        <translation>Spalte %1</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3</source>
+        <translation>%1, %2: %3</translation>
+    </message>
+    <message>
+        <source>%1; this cell was left as it is</source>
+        <translation>%1; diese Zelle blieb, wie sie ist</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cells were left as they are; %1</source>
+        <translation>
+            <numerusform>%n Zelle blieb, wie sie ist; %1</numerusform>
+            <numerusform>%n Zellen blieben, wie sie sind; %1</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -857,6 +1036,13 @@ nichts wird geschrieben.
     <message>
         <source>%1: written</source>
         <translation>%1: übernommen</translation>
+    </message>
+</context>
+<context>
+    <name>frame_editor::ResultsView</name>
+    <message>
+        <source>none</source>
+        <translation>keine</translation>
     </message>
 </context>
 </TS>

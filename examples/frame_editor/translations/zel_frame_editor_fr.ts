@@ -247,11 +247,11 @@
     </message>
     <message>
         <source>%1: the text has characters that cannot be typed</source>
-        <translation>%1&#xa0;: le texte contient des caractères qu’aucune touche ne saisit</translation>
+        <translation>%1&#xa0;: le texte a des caractères qui ne peuvent pas être saisis</translation>
     </message>
     <message>
         <source>argument %1 is not UTF-8</source>
-        <translation>l’argument %1 n’est pas en UTF-8</translation>
+        <translation>l’argument %1 n’est pas de l’UTF-8</translation>
     </message>
     <message>
         <source>%1: &quot;%2&quot; is neither yes nor no</source>
@@ -568,6 +568,74 @@ langue de la fenêtre. Un texte refusé termine le programme avec le code 1, et 
 n’est écrit.
 </translation>
     </message>
+    <message>
+        <source>&quot;%1&quot; is no whole number from %2 to %3</source>
+        <translation>«&#xa0;%1&#xa0;» n’est pas un nombre entier de %2 à %3</translation>
+    </message>
+    <message>
+        <source>Rigid link</source>
+        <translation>Liaison rigide</translation>
+    </message>
+    <message>
+        <source>Divisions</source>
+        <translation>Divisions</translation>
+    </message>
+    <message>
+        <source>a whole number from %1 to %2 is needed here</source>
+        <translation>un nombre entier de %1 à %2 est attendu ici</translation>
+    </message>
+    <message>
+        <source>this is longer than %1 characters</source>
+        <translation>ceci dépasse %1 caractères</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; cannot stand here</source>
+        <translation>«&#xa0;%1&#xa0;» ne peut pas figurer ici</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is neither yes nor no</source>
+        <translation>«&#xa0;%1&#xa0;» n’est ni yes ni no</translation>
+    </message>
+    <message>
+        <source>Zoom</source>
+        <translation>Zoom</translation>
+    </message>
+    <message>
+        <source>Start node</source>
+        <translation>Nœud origine</translation>
+    </message>
+    <message>
+        <source>End node</source>
+        <translation>Nœud extrémité</translation>
+    </message>
+    <message>
+        <source>%1 is less than %2</source>
+        <translation>%1 est inférieur à %2</translation>
+    </message>
+    <message>
+        <source>%1 is more than %2</source>
+        <translation>%1 est supérieur à %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is not in the list</source>
+        <translation>«&#xa0;%1&#xa0;» n’est pas dans la liste</translation>
+    </message>
+    <message>
+        <source>a member needs two nodes, a section and a material</source>
+        <translation>une barre demande deux nœuds, une section et un matériau</translation>
+    </message>
+    <message>
+        <source>a rigid link has no such value</source>
+        <translation>une liaison rigide n’a pas cette valeur</translation>
+    </message>
+    <message>
+        <source>this cannot be empty</source>
+        <translation>ceci ne peut pas être vide</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; has no place here</source>
+        <translation>«&#xa0;%1&#xa0;» n’a pas de place ici</translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::Canvas</name>
@@ -604,6 +672,10 @@ n’est écrit.
     <message>
         <source>this is no finite number</source>
         <translation>ce n’est pas un nombre fini</translation>
+    </message>
+    <message>
+        <source>a member needs two different nodes</source>
+        <translation>une barre demande deux nœuds différents</translation>
     </message>
 </context>
 <context>
@@ -783,12 +855,119 @@ n’est écrit.
         <source>%1[*] - Frame editor</source>
         <translation>%1[*] - Éditeur de portiques</translation>
     </message>
+    <message>
+        <source>Table of members</source>
+        <translation>Tableau des barres</translation>
+    </message>
+    <message>
+        <source>There is no member &quot;%1&quot;</source>
+        <translation>Il n’y a pas de barre «&#xa0;%1&#xa0;»</translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::MemberList</name>
     <message>
         <source>Members</source>
         <translation>Barres</translation>
+    </message>
+</context>
+<context>
+    <name>frame_editor::MemberTable</name>
+    <message>
+        <source>Table of members</source>
+        <translation>Tableau des barres</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>Coupe</translation>
+    </message>
+    <message>
+        <source>Clearing</source>
+        <translation>Effacement</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>Collage</translation>
+    </message>
+    <message>
+        <source>a member needs two nodes, a section and a material</source>
+        <translation>une barre demande deux nœuds, une section et un matériau</translation>
+    </message>
+</context>
+<context>
+    <name>frame_editor::MemberTableModel</name>
+    <message>
+        <source>Show</source>
+        <translation>Voir</translation>
+    </message>
+    <message>
+        <source>A rigid link has no such value</source>
+        <translation>Une liaison rigide n’a pas cette valeur</translation>
+    </message>
+    <message>
+        <source>A name makes a new member</source>
+        <translation>Un nom crée une nouvelle barre</translation>
+    </message>
+    <message>
+        <source>Zooms to %1</source>
+        <translation>Zoome sur %1</translation>
+    </message>
+    <message>
+        <source>Zoom to %1</source>
+        <translation>Zoomer sur %1</translation>
+    </message>
+    <message>
+        <source>%1: written; %2</source>
+        <translation>%1&#xa0;: pris en compte&#xa0;; %2</translation>
+    </message>
+    <message>
+        <source>%1: written</source>
+        <translation>%1&#xa0;: pris en compte</translation>
+    </message>
+    <message>
+        <source>New member %1</source>
+        <translation>Nouvelle barre %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n new members</source>
+        <translation>
+            <numerusform>%n nouvelle barre</numerusform>
+            <numerusform>%n nouvelles barres</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n cells</source>
+        <translation>
+            <numerusform>%1 de %n cellule</numerusform>
+            <numerusform>%1 de %n cellules</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 de %2</translation>
+    </message>
+    <message>
+        <source>New member</source>
+        <translation>Nouvelle barre</translation>
+    </message>
+    <message>
+        <source>column %1</source>
+        <translation>colonne %1</translation>
+    </message>
+    <message>
+        <source>%1, %2: %3</source>
+        <translation>%1, %2&#xa0;: %3</translation>
+    </message>
+    <message>
+        <source>%1; this cell was left as it is</source>
+        <translation>%1&#xa0;; cette cellule est restée telle quelle</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n cells were left as they are; %1</source>
+        <translation>
+            <numerusform>%n cellule est restée telle quelle&#xa0;; %1</numerusform>
+            <numerusform>%n cellules sont restées telles quelles&#xa0;; %1</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -857,6 +1036,13 @@ n’est écrit.
     <message>
         <source>%1: written</source>
         <translation>%1&#xa0;: pris en compte</translation>
+    </message>
+</context>
+<context>
+    <name>frame_editor::ResultsView</name>
+    <message>
+        <source>none</source>
+        <translation>aucune</translation>
     </message>
 </context>
 </TS>
