@@ -6,6 +6,21 @@ namespace frame_editor {
 
 namespace {
 
+/// Takes "MEMBER.COLUMN=TEXT". Neither a column nor its place has a point or an equals sign.
+bool takeCell(const QString& option, const QString& value, CommandLine& result, QString& error)
+{
+    const int equals = value.indexOf(QLatin1Char('='));
+    const QString place = value.left(qMax(equals, 0));
+    const int point = place.lastIndexOf(QLatin1Char('.'));
+    if (point < 0 || point + 1 == place.size()) {
+        error = QObject::tr("%1: \"%2\" is not of the form MEMBER.COLUMN=...").arg(option, value);
+        return false;
+    }
+    result.cells.append({place.left(point), place.mid(point + 1), value.mid(equals + 1),
+                         option == QLatin1String("--paste")});
+    return true;
+}
+
 /// Takes one option with its value off the line.
 bool takeOption(const QString& option, const QString& value, CommandLine& result, QString& error)
 {
@@ -21,6 +36,8 @@ bool takeOption(const QString& option, const QString& value, CommandLine& result
             error = QObject::tr("--set: \"%1\" is not of the form PROPERTY=TEXT").arg(value);
         }
         result.settings.append({value.left(equals), value.mid(equals + 1)});
+    } else if (option == QLatin1String("--cell") || option == QLatin1String("--paste")) {
+        takeCell(option, value, result, error);
     } else if (option == QLatin1String("--units")) {
         bool ok = false;
         result.column = value.toInt(&ok);
@@ -59,14 +76,16 @@ bool takeFlag(const QString& option, CommandLine& result)
 
 bool CommandLine::headless() const
 {
-    return list || print || !settings.isEmpty() || !saveFile.isEmpty() || !screenshotFile.isEmpty();
+    return list || print || !settings.isEmpty() || !cells.isEmpty() || !saveFile.isEmpty() ||
+           !screenshotFile.isEmpty();
 }
 
 bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString& error)
 {
     static const QStringList options{QStringLiteral("--select"), QStringLiteral("--set"),
                                      QStringLiteral("--units"),  QStringLiteral("--form"),
-                                     QStringLiteral("--save"),   QStringLiteral("--screenshot")};
+                                     QStringLiteral("--save"),   QStringLiteral("--screenshot"),
+                                     QStringLiteral("--cell"),   QStringLiteral("--paste")};
     error.clear();
     for (int i = 0; i < arguments.size() && error.isEmpty(); ++i) {
         const QString& argument = arguments.at(i);
@@ -103,27 +122,40 @@ bool parseCommandLine(const QStringList& arguments, CommandLine& result, QString
 QString commandLineHelp()
 {
     return QObject::tr(
-        "Usage: frame_editor [MODEL.json] [options]\n"
-        "\n"
-        "Without options of the second group a window opens on the model. With one of them the\n"
-        "program types into the same window without showing it, tells what came of it, and ends.\n"
-        "\n"
-        "  --select NAMES       selects members, names separated by commas; may be repeated\n"
-        "  --select-all         selects all members\n"
-        "  --units COLUMN       unit settings, 0 to 9: 0 to 7 metric, 8 and 9 imperial\n"
-        "  --form FILE          the form of the properties, in place of the one that comes along\n"
-        "\n"
-        "  --set PROPERTY=TEXT  types TEXT into the field of the selected members; may be "
-        "repeated\n"
-        "  --list               prints the members, the selected ones if there are any\n"
-        "  --print              prints their properties, at the end of all settings\n"
-        "  --save FILE          writes the model\n"
-        "  --screenshot FILE    writes a picture of the window\n"
-        "\n"
-        "Choices, yes and no are written as in a model file or in English, in whatever language "
-        "the\n"
-        "window speaks. A text that is refused ends the program with code 1, and nothing\n"
-        "is written.\n");
+               "Usage: frame_editor [MODEL.json] [options]\n"
+               "\n"
+               "Without options of the second group a window opens on the model. With one of them "
+               "the\n"
+               "program types into the same window without showing it, tells what came of it, and "
+               "ends.\n"
+               "\n"
+               "  --select NAMES       selects members, names separated by commas; may be "
+               "repeated\n"
+               "  --select-all         selects all members\n"
+               "  --units COLUMN       unit settings, 0 to 9: 0 to 7 metric, 8 and 9 imperial\n"
+               "  --form FILE          the form of the properties, in place of the one that comes "
+               "along\n"
+               "\n"
+               "  --set PROPERTY=TEXT  types TEXT into the field of the selected members; may be "
+               "repeated\n"
+               "  --list               prints the members, the selected ones if there are any\n"
+               "  --print              prints their properties, at the end of all settings\n"
+               "  --save FILE          writes the model\n"
+               "  --screenshot FILE    writes a picture of the window\n"
+               "\n"
+               "Choices, yes and no are written as in a model file or in English, in whatever "
+               "language "
+               "the\n"
+               "window speaks. A text that is refused ends the program with code 1, and nothing\n"
+               "is written.\n") +
+           QObject::tr(
+               "\n"
+               "In the table of members, after the fields and in the order given; may be "
+               "repeated:\n"
+               "  --cell MEMBER.COLUMN=TEXT   types TEXT into a cell\n"
+               "  --paste MEMBER.COLUMN=FILE  pastes the text of FILE with that cell as its "
+               "corner;\n"
+               "                       without a member the row below the last one is meant\n");
 }
 
 } // namespace frame_editor

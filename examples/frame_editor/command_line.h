@@ -13,10 +13,21 @@ struct CommandLine
 {
     using Setting = std::pair<QString, QString>; ///< property and text
 
+    /// What is done in one cell of the table of members: "MEMBER.COLUMN", without a member the row
+    /// for a new one.
+    struct CellEdit
+    {
+        QString member;
+        QString column;
+        QString text; ///< to be typed, or the file whose text is pasted
+        bool isPaste = false;
+    };
+
     QString modelFile;  ///< empty for none
     QStringList select; ///< names of members
     bool selectAll = false;
     QVector<Setting> settings; ///< in the order given
+    QVector<CellEdit> cells;   ///< in the order given, behind the settings
     int column = 0;            ///< of the unit settings
     QString formFile;          ///< empty for the one that comes with the program
     QString saveFile;          ///< empty for none

@@ -178,7 +178,8 @@ QStringList formFiles()
 
 Form standardForm()
 {
-    for (const QString& file : formFiles()) {
+    const QStringList files = formFiles();
+    for (const QString& file : files) {
         if (file.endsWith(QStringLiteral("/member.json"))) {
             return loadForm(file);
         }

@@ -4,9 +4,13 @@
 #include "examples/frame_editor/document.h"
 #include "examples/frame_editor/field_value.h"
 #include "examples/frame_editor/form.h"
+#include "examples/frame_editor/json_reading.h"
 #include "examples/frame_editor/key_driver.h"
 #include "examples/frame_editor/main_window.h"
 #include "examples/frame_editor/member_selection.h"
+#include "examples/frame_editor/member_table.h"
+#include "examples/frame_editor/member_table_columns.h"
+#include "examples/frame_editor/member_table_model.h"
 #include "examples/frame_editor/model_file.h"
 #include "examples/frame_editor/property_panel.h"
 #include "examples/frame_editor/unit_settings.h"
@@ -80,6 +84,9 @@ public:
         QApplication::processEvents();
         for (const CommandLine::Setting& setting : m_line.settings) {
             enter(setting);
+        }
+        for (const CommandLine::CellEdit& edit : m_line.cells) {
+            enter(edit);
         }
         if (m_line.list) {
             listMembers();
@@ -161,6 +168,40 @@ private:
         if (!moved.isEmpty()) {
             print(moved);
         }
+    }
+
+    void enter(const CommandLine::CellEdit& edit)
+    {
+        MemberTable& table = m_window.table();
+        const int column = findMemberColumn(edit.column);
+        if (column < 0) {
+            throw RunError(QObject::tr("the table has no column \"%1\"").arg(edit.column));
+        }
+        const int member = m_document.model().findMember(edit.member);
+        if (member < 0 && !edit.member.isEmpty()) {
+            throw RunError(
+                QObject::tr("%1: there is no member \"%2\"").arg(m_line.modelFile, edit.member));
+        }
+        const int row = member < 0 ? table.cells().memberCount() : member;
+        QString outcome;
+        QString refusal;
+        const auto telling = QObject::connect(&table, &MemberTable::told, &table,
+                                              [&outcome](const QString& text) { outcome = text; });
+        const auto refusing = QObject::connect(&table.cells(), &MemberTableModel::refused, &table,
+                                               [&refusal](const QString& text) { refusal = text; });
+        const QModelIndex cell = table.cells().index(row, column);
+        if (edit.isPaste) {
+            pasteText(table, cell, QString::fromUtf8(readWholeFile(edit.text)));
+        } else {
+            enterText(table, cell, edit.text);
+        }
+        QObject::disconnect(telling);
+        QObject::disconnect(refusing);
+        if (!refusal.isEmpty()) {
+            throw RunError(refusal);
+        }
+        print(outcome.isEmpty() ? QObject::tr("%1.%2: unchanged").arg(edit.member, edit.column)
+                                : outcome);
     }
 
     void tell(const MemberProperty& property, int member, const PropertyValue& before) const

@@ -1,5 +1,8 @@
 #include "examples/frame_editor/key_driver.h"
 
+#include "examples/frame_editor/member_table.h"
+#include "examples/frame_editor/member_table_columns.h"
+#include "examples/frame_editor/member_table_model.h"
 #include "examples/frame_editor/property_field.h"
 
 #include "qt/inc/controls.h"
@@ -7,8 +10,10 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
@@ -38,7 +43,7 @@ void focus(QWidget* widget)
     QApplication::processEvents();
 }
 
-void typeInto(QLineEdit& edit, const PropertyField& field, const QString& text)
+void typeInto(QLineEdit& edit, const QString& label, const QString& text)
 {
     focus(&edit);
     press(&edit, Qt::Key_A, Qt::ControlModifier);
@@ -52,8 +57,8 @@ void typeInto(QLineEdit& edit, const PropertyField& field, const QString& text)
     }
     if (edit.text() != text) {
         // Line breaks and the like have no key, and the rest alone is another text.
-        throw NoSuchChoice(QObject::tr("%1: the text has characters that cannot be typed")
-                               .arg(field.property().label));
+        throw NoSuchChoice(
+            QObject::tr("%1: the text has characters that cannot be typed").arg(label));
     }
     pressReturn(&edit);
     QApplication::processEvents();
@@ -61,23 +66,23 @@ void typeInto(QLineEdit& edit, const PropertyField& field, const QString& text)
 
 /// Whether the text of an entry is meant by what the user of the command line wrote. What he can
 /// write is the same in whatever language the entries are shown.
-bool means(const PropertyField& field, const QString& text, const QString& entry)
+bool means(const MemberProperty* property, const QString& text, const QString& entry)
 {
-    const MemberProperty& property = field.property();
-    return property.kind == PropertyKind::Choice
-               ? property.choiceLabel(property.choiceKey(text)) == entry
+    return property && property->kind == PropertyKind::Choice
+               ? property->choiceLabel(property->choiceKey(text)) == entry
                : text == entry;
 }
 
-void pickFrom(QComboBox& combo, const PropertyField& field, const QString& text)
+/// @param property null for a node
+void pickFrom(QComboBox& combo, const QString& label, const MemberProperty* property,
+              const QString& text)
 {
     int row = -1;
     for (int i = 0; i < combo.count() && row < 0 && text != zel::qt::getVariesString(); ++i) {
-        row = means(field, text, combo.itemText(i)) ? i : -1;
+        row = means(property, text, combo.itemText(i)) ? i : -1;
     }
     if (row < 0) {
-        throw NoSuchChoice(
-            QObject::tr("%1: \"%2\" is not in the list").arg(field.property().label, text));
+        throw NoSuchChoice(QObject::tr("%1: \"%2\" is not in the list").arg(label, text));
     }
     focus(&combo);
     press(&combo, Qt::Key_Down, Qt::AltModifier);
@@ -93,8 +98,9 @@ void pickFrom(QComboBox& combo, const PropertyField& field, const QString& text)
 
 void pickButton(QWidget& group, const PropertyField& field, const QString& text)
 {
-    for (QRadioButton* button : group.findChildren<QRadioButton*>()) {
-        if (means(field, text, button->text())) {
+    const QList<QRadioButton*> buttons = group.findChildren<QRadioButton*>();
+    for (QRadioButton* button : buttons) {
+        if (means(&field.property(), text, button->text())) {
             focus(button);
             if (!button->isChecked()) {
                 press(button, Qt::Key_Space, Qt::NoModifier, QStringLiteral(" "));
@@ -106,7 +112,7 @@ void pickButton(QWidget& group, const PropertyField& field, const QString& text)
         QObject::tr("%1: there is no choice \"%2\"").arg(field.property().label, text));
 }
 
-bool readFlag(const PropertyField& field, const QString& text)
+bool readFlag(const QString& label, const QString& text)
 {
     const QString lower = text.toLower();
     if (lower == QLatin1String("yes") || lower == QLatin1String("true")) {
@@ -115,8 +121,7 @@ bool readFlag(const PropertyField& field, const QString& text)
     if (lower == QLatin1String("no") || lower == QLatin1String("false")) {
         return false;
     }
-    throw NoSuchChoice(
-        QObject::tr("%1: \"%2\" is neither yes nor no").arg(field.property().label, text));
+    throw NoSuchChoice(QObject::tr("%1: \"%2\" is neither yes nor no").arg(label, text));
 }
 
 void pressSpace(QWidget* widget)
@@ -147,18 +152,19 @@ NoSuchChoice::NoSuchChoice(const QString& message)
 void enterText(PropertyField& field, const QString& text)
 {
     QWidget* editor = field.editor();
+    const QString& label = field.property().label;
     if (zel::qt::MultiEditLineEdit* line = field.lineEdit()) {
-        typeInto(line->edit(), field, text);
+        typeInto(line->edit(), label, text);
     } else if (auto* group = qobject_cast<QGroupBox*>(editor)) {
-        setGroupBox(*group, field, readFlag(field, text));
+        setGroupBox(*group, field, readFlag(label, text));
     } else if (auto* combo = editor->findChild<QComboBox*>()) {
         if (combo->isEditable()) {
-            typeInto(*combo->lineEdit(), field, text);
+            typeInto(*combo->lineEdit(), label, text);
         } else {
-            pickFrom(*combo, field, text);
+            pickFrom(*combo, label, &field.property(), text);
         }
     } else if (auto* check = editor->findChild<QCheckBox*>()) {
-        const Qt::CheckState wanted = readFlag(field, text) ? Qt::Checked : Qt::Unchecked;
+        const Qt::CheckState wanted = readFlag(label, text) ? Qt::Checked : Qt::Unchecked;
         // From the state of members that differ the way to "no" leads over "yes".
         for (int i = 0; i < 2 && check->checkState() != wanted; ++i) {
             pressSpace(check);
@@ -166,6 +172,42 @@ void enterText(PropertyField& field, const QString& text)
     } else {
         pickButton(*editor, field, text);
     }
+}
+
+void enterText(MemberTable& table, const QModelIndex& cell, const QString& text)
+{
+    const MemberColumn& column = memberColumn(cell.column());
+    if (!table.cells().hasCell(cell.row(), cell.column()) ||
+        column.cell == MemberColumn::Cell::Button) {
+        throw NoSuchChoice(QObject::tr("%1: this member has no such cell").arg(column.label));
+    }
+    focus(&table);
+    table.selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect);
+    if (column.cell == MemberColumn::Cell::Flag) {
+        const bool isOn = cell.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+        if (readFlag(column.label, text) != isOn) {
+            pressSpace(&table);
+        }
+        return;
+    }
+    press(&table, Qt::Key_F2);
+    QWidget* editor = table.indexWidget(cell);
+    if (auto* line = qobject_cast<QLineEdit*>(editor)) {
+        typeInto(*line, column.label, text);
+    } else if (auto* combo = editor ? editor->findChild<QComboBox*>() : nullptr) {
+        pickFrom(*combo, column.label, column.property, text);
+        pressReturn(combo);
+        QApplication::processEvents();
+    }
+}
+
+void pasteText(MemberTable& table, const QModelIndex& cell, const QString& text)
+{
+    QGuiApplication::clipboard()->setText(text);
+    focus(&table);
+    table.selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect);
+    press(&table, Qt::Key_V, Qt::ControlModifier);
+    QApplication::processEvents();
 }
 
 } // namespace frame_editor

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QModelIndex>
 #include <QString>
 
 #include <stdexcept>
@@ -8,6 +9,7 @@ class QWidget;
 
 namespace frame_editor {
 
+class MemberTable;
 class PropertyField;
 
 /// A text that no user could enter into an editor: there is no such choice, or no key types it.
@@ -25,5 +27,12 @@ public:
 /// The window of the field has to be the active one.
 /// @throws NoSuchChoice before the end of editing, so nothing is written
 void enterText(PropertyField& field, const QString& text);
+
+/// Enters a text into a cell of the table of members in the same way.
+/// @throws NoSuchChoice before the cell has another value
+void enterText(MemberTable& table, const QModelIndex& cell, const QString& text);
+
+/// Pastes a text with the cell as its upper left corner. What is on the clipboard is replaced.
+void pasteText(MemberTable& table, const QModelIndex& cell, const QString& text);
 
 } // namespace frame_editor

@@ -154,7 +154,8 @@ void MainWindow::createViewActions(QToolBar& bar)
         }
     });
     menu->addSeparator();
-    for (const QString& fileName : formFiles()) {
+    const QStringList forms = formFiles();
+    for (const QString& fileName : forms) {
         menu->addAction(tr("Form \"%1\"").arg(QFileInfo(fileName).completeBaseName()), this,
                         [this, fileName] { openForm(fileName); });
     }

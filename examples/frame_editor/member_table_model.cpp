@@ -323,6 +323,9 @@ void MemberTableModel::finishEdits(const QString& text, bool isWhole)
     m_edits.reset();
     const QString reason = m_document.replaceMembers(members, step);
     showModel(); // also where nothing was written: rows that were made for it go
+    if (!reasons.isEmpty()) {
+        Q_EMIT refused(reasons);
+    }
     if (!reason.isEmpty()) {
         Q_EMIT told(reason);
     } else if (!reasons.isEmpty()) {

@@ -65,7 +65,7 @@ public:
 Q_SIGNALS:
     /// One line on what came of an edit.
     void told(const QString& text);
-    /// The edit of a cell is refused, for that reason; told() follows.
+    /// Cells were refused, for these reasons; told() follows.
     void refused(const QString& text);
 
 private:

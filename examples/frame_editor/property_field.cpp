@@ -87,7 +87,8 @@ void PropertyField::watchEditor()
 {
     m_hook = std::make_unique<zel::qt::OnValueChangedHook>(m_editor.editor,
                                                            [this] { onValueChanged(); });
-    for (QComboBox* combo : m_editor.editor->findChildren<QComboBox*>()) {
+    const QList<QComboBox*> combos = m_editor.editor->findChildren<QComboBox*>();
+    for (QComboBox* combo : combos) {
         combo->setFocusPolicy(Qt::StrongFocus);
         combo->installEventFilter(this);
         m_typedInto = combo->lineEdit();
@@ -154,7 +155,8 @@ void PropertyField::showNothingTyped()
     } else if (m_control) {
         // A group box that varied is enabled again by this alone.
         m_control->reset();
-        for (QLineEdit* edit : m_editor.editor->findChildren<QLineEdit*>()) {
+        const QList<QLineEdit*> edits = m_editor.editor->findChildren<QLineEdit*>();
+        for (QLineEdit* edit : edits) {
             edit->setStyleSheet(QString());
         }
     }

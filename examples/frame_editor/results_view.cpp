@@ -99,7 +99,8 @@ ResultsView::~ResultsView() = default;
 zel::KeyValueStorage ResultsView::state() const
 {
     zel::KeyValueStorage storage;
-    for (const auto* box : findChildren<zel::qt::MultiEditCheckBox*>()) {
+    const auto boxes = findChildren<zel::qt::MultiEditCheckBox*>();
+    for (const auto* box : boxes) {
         if (box->canBeSaved()) {
             box->save(storage);
         }
@@ -109,7 +110,8 @@ zel::KeyValueStorage ResultsView::state() const
 
 void ResultsView::setState(const zel::KeyValueStorage& storage)
 {
-    for (auto* box : findChildren<zel::qt::MultiEditCheckBox*>()) {
+    const auto boxes = findChildren<zel::qt::MultiEditCheckBox*>();
+    for (auto* box : boxes) {
         if (box->canBeSaved()) {
             box->load(storage);
         }

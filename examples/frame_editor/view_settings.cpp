@@ -8,7 +8,8 @@ zel::KeyValueStorage loadFlags(const QString& fileName)
 {
     zel::KeyValueStorage storage;
     const QSettings settings(fileName, QSettings::IniFormat);
-    for (const QString& key : settings.allKeys()) {
+    const QStringList keys = settings.allKeys();
+    for (const QString& key : keys) {
         (*storage.values)[key.toStdString()] = settings.value(key).toBool();
     }
     return storage;

@@ -10,7 +10,8 @@ QImage windowPicture(QWidget& window)
 {
     QImage picture = window.grab().toImage();
     QPainter painter(&picture);
-    for (QWidget* popup : QApplication::topLevelWidgets()) {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget* popup : windows) {
         const QWidget* owner = popup->parentWidget();
         if (popup != &window && popup->isVisible() && !popup->size().isEmpty() && owner &&
             owner->window() == &window) {

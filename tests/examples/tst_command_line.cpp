@@ -11,6 +11,7 @@ private Q_SLOTS:
     void everything();
     void windowOnly();
     void valueWithEqualsSign();
+    void cells();
     void refused_data();
     void refused();
 };
@@ -57,6 +58,33 @@ void TestCommandLine::windowOnly()
     CommandLine empty;
     QVERIFY(parseCommandLine({}, empty, error));
     QVERIFY(!empty.headless());
+}
+
+void TestCommandLine::cells()
+{
+    CommandLine line;
+    QString error;
+    QVERIFY(parseCommandLine(
+        words("m.json|--cell|B.1.note=a=b.c|--paste=.name=rows.txt|--cell|B1.note="), line, error));
+    QCOMPARE(line.cells.size(), 3);
+    QCOMPARE(line.cells.at(0).member, QStringLiteral("B.1"));
+    QCOMPARE(line.cells.at(0).column, QStringLiteral("note"));
+    QCOMPARE(line.cells.at(0).text, QStringLiteral("a=b.c"));
+    QVERIFY(!line.cells.at(0).isPaste);
+    QCOMPARE(line.cells.at(1).member, QString());
+    QCOMPARE(line.cells.at(1).column, QStringLiteral("name"));
+    QCOMPARE(line.cells.at(1).text, QStringLiteral("rows.txt"));
+    QVERIFY(line.cells.at(1).isPaste);
+    QCOMPARE(line.cells.at(2).text, QString());
+    QVERIFY(line.headless());
+    for (const char* bad : {"B1", "B1.note", "B1=3", "B1.=3", "=3"}) {
+        CommandLine none;
+        QVERIFY(!parseCommandLine(
+            {QStringLiteral("m.json"), QStringLiteral("--cell"), QString::fromUtf8(bad)}, none,
+            error));
+        QCOMPARE(error, QStringLiteral("--cell: \"%1\" is not of the form MEMBER.COLUMN=...")
+                            .arg(QString::fromUtf8(bad)));
+    }
 }
 
 void TestCommandLine::valueWithEqualsSign()

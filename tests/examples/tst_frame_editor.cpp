@@ -21,6 +21,9 @@ private Q_SLOTS:
     void written_data();
     void written();
     void severalSettings();
+    void tableCells();
+    void refusedCells_data();
+    void refusedCells();
     void nothingSet();
     void passingValuesStay();
     void moved();
@@ -217,6 +220,81 @@ void TestFrameEditor::severalSettings()
                                  QStringLiteral("C1.bedded"), QStringLiteral("C1.hinge_start"),
                                  QStringLiteral("C1.line_load"), QStringLiteral("T1.bedded"),
                                  QStringLiteral("T1.line_load")}));
+}
+
+void TestFrameEditor::tableCells()
+{
+    QTemporaryDir folder;
+    const QString saved = folder.filePath(QStringLiteral("out.json"));
+    QFile rows(folder.filePath(QStringLiteral("rows.txt")));
+    QVERIFY(rows.open(QIODevice::WriteOnly));
+    rows.write("S1\tN2\tN4\tBrace\r\nS2\tN4\tN6\tBrace\r\n");
+    rows.close();
+    const QString cell = QStringLiteral("--cell");
+    const Result result =
+        run({model(), cell, QStringLiteral("R1.line_load=2.5 kN/m"), cell,
+             QStringLiteral("P1.section=HEA 200"), cell, QStringLiteral("R1.kind=brace"), cell,
+             QStringLiteral("R1.hinge_end=yes"), cell, QStringLiteral("R1.end=N5"), cell,
+             QStringLiteral("T1.length_offset=0.000 m"), QStringLiteral("--paste"),
+             QStringLiteral(".name=") + rows.fileName(), QStringLiteral("--save"), saved});
+    QCOMPARE(result.err, QString());
+    QCOMPARE(result.code, 0);
+    QCOMPARE(result.out, QStringLiteral("Line load of R1: written\n"
+                                        "Cross section of P1: written\n"
+                                        "Kind of R1: written\n"
+                                        "Hinge at end of R1: written\n"
+                                        "End node of R1: written\n"
+                                        "T1.length_offset: unchanged\n"
+                                        "2 new members: written\n"
+                                        "saved %1\n")
+                             .arg(saved));
+    const QJsonObject after = read(saved);
+    const QJsonObject rafter = memberOf(after, QStringLiteral("R1"));
+    QCOMPARE(rafter.value(QStringLiteral("line_load")).toDouble(), 2.5);
+    QCOMPARE(rafter.value(QStringLiteral("kind")).toString(), QStringLiteral("brace"));
+    QCOMPARE(rafter.value(QStringLiteral("end")).toString(), QStringLiteral("N5"));
+    QVERIFY(rafter.value(QStringLiteral("hinge_end")).toBool());
+    QCOMPARE(memberOf(after, QStringLiteral("P1")).value(QStringLiteral("section")).toString(),
+             QStringLiteral("HEA 200"));
+    QCOMPARE(memberOf(after, QStringLiteral("S2")).value(QStringLiteral("start")).toString(),
+             QStringLiteral("N4"));
+    QCOMPARE(
+        memberOf(after, QStringLiteral("T1")).value(QStringLiteral("length_offset")).toDouble(),
+        0.0004);
+    QCOMPARE(after.value(QStringLiteral("members")).toArray().size(), 13);
+}
+
+void TestFrameEditor::refusedCells_data()
+{
+    QTest::addColumn<QString>("cell");
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char* cell, const char* message) {
+        QTest::newRow(cell) << QString::fromUtf8(cell) << QString::fromUtf8(message);
+    };
+    row("R1.line_load=abc", "R1, Line load: \"abc\" is not understood as a number with a unit such "
+                            "as kN/m; this cell was left as it is");
+    row("R1.divisions=4294967297", "R1, Divisions: \"4294967297\" is no whole number from 1 to "
+                                   "1000; this cell was left as it is");
+    row("R1.name=C1", "R1, Name: there is a member \"C1\" already; this cell was left as it is");
+    row("R1.section=IPE 201", "Cross section: \"IPE 201\" is not in the list");
+    row("R1.end=N2", "End node: \"N2\" is not in the list");
+    row("R1.hinge_end=2", "Hinge at end: \"2\" is neither yes nor no");
+    row("L1.section=IPE 200", "Cross section: this member has no such cell");
+    row("R1.zoom=1", "Zoom: this member has no such cell");
+    row("R1.colour=red", "the table has no column \"colour\"");
+}
+
+void TestFrameEditor::refusedCells()
+{
+    QFETCH(QString, cell);
+    QFETCH(QString, message);
+    QTemporaryDir folder;
+    const Result result = run({model(), QStringLiteral("--cell"), QStringLiteral("C1.note=good"),
+                               QStringLiteral("--cell"), cell, QStringLiteral("--save"),
+                               folder.filePath(QStringLiteral("out.json"))});
+    QCOMPARE(result.err, QStringLiteral("frame_editor: ") + message + QLatin1Char('\n'));
+    QCOMPARE(result.code, 1);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
 }
 
 void TestFrameEditor::nothingSet()

@@ -63,6 +63,7 @@ private Q_SLOTS:
     void saveTellsOfARefusedText();
     void badFile();
     void goodFile();
+    void selectionByName();
     void undoTexts();
     void selectionInTheList();
     void listFollows();
@@ -240,6 +241,18 @@ void TestMainWindow::goodFile()
     QVERIFY(stage.window.openFile(QStringLiteral(FRAME_EDITOR_MODELS "/multi_storey.json")));
     QCOMPARE(stage.window.windowTitle(), QStringLiteral("multi_storey.json[*] - Frame editor"));
     QCOMPARE(stage.window.findChild<MemberList*>()->count(), 96);
+}
+
+void TestMainWindow::selectionByName()
+{
+    EditorStage stage;
+    stage.window.select({QStringLiteral("R1"), QStringLiteral("C1")});
+    QCOMPARE(stage.document.selection().members(), (QVector<int>{0, 2}));
+    QCOMPARE(stage.status(), QStringLiteral("Ready"));
+    stage.window.select(
+        {QStringLiteral("R2"), QStringLiteral("R9"), QString(), QStringLiteral("c1")});
+    QCOMPARE(stage.document.selection().members(), QVector<int>{3});
+    QCOMPARE(stage.status(), QStringLiteral("There is no member \"R9\", \"\", \"c1\""));
 }
 
 void TestMainWindow::undoTexts()

@@ -70,6 +70,7 @@ private Q_SLOTS:
     void clampIsTold();
     void valueBeyondTheLimits();
     void notFiniteIsRefused();
+    void wholeNumber();
     void hints_data();
     void hints();
     void hintGoesWithTheEditing();
@@ -443,6 +444,29 @@ void TestPropertyPanel::valueBeyondTheLimits()
     QCOMPARE(stage.steps(), 1);
     stage.enter("length_offset", QStringLiteral("120 m"));
     QCOMPARE(stage.member(0).lengthOffset, 10.0);
+}
+
+void TestPropertyPanel::wholeNumber()
+{
+    EditorStage stage;
+    stage.select({2, 3});
+    QCOMPARE(stage.text("divisions"), varies);
+    stage.select({3});
+    QCOMPARE(stage.text("divisions"), QStringLiteral("4"));
+    QVERIFY(!isRed(stage.edit("divisions")));
+    for (const char* text : {"4294967297", "0", "1001", "2.5", "many"}) {
+        stage.enter("divisions", QString::fromUtf8(text));
+        QCOMPARE(stage.member(3).divisions, 4);
+        QVERIFY(isRed(stage.edit("divisions")));
+        QCOMPARE(stage.status(),
+                 QStringLiteral("Divisions: \"%1\" is no whole number from 1 to 1000; nothing is "
+                                "written")
+                     .arg(QString::fromUtf8(text)));
+    }
+    stage.enter("divisions", QStringLiteral("12"));
+    QCOMPARE(stage.member(3).divisions, 12);
+    QVERIFY(!isRed(stage.edit("divisions")));
+    QCOMPARE(stage.steps(), 1);
 }
 
 void TestPropertyPanel::notFiniteIsRefused()
