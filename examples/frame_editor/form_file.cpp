@@ -165,8 +165,9 @@ QStringList formFiles()
     for (const char* place : {"forms", "../share/zel/frame_editor/forms"}) {
         const QDir folder(program.filePath(QLatin1String(place)));
         QStringList files;
-        for (const QString& name :
-             folder.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name)) {
+        const QStringList names =
+            folder.entryList({QStringLiteral("*.json")}, QDir::Files, QDir::Name);
+        for (const QString& name : names) {
             files << QDir::cleanPath(folder.filePath(name));
         }
         if (!files.isEmpty()) {
