@@ -43,24 +43,25 @@ protected:
     }
 };
 
-/// Yes and no, as this program and as spreadsheets write them.
+/// Yes and no, as this program and as spreadsheets write them, in the same words under every
+/// language that the window speaks.
 class FlagValidator : public IValidator
 {
 public:
     bool validate(const QString& text, boost::any& value, const std::bitset<32>&) override
     {
         const QString word = text.trimmed().toLower();
-        const bool yes = word == QObject::tr("yes") || word == QLatin1String("yes") ||
-                         word == QLatin1String("true") || word == QLatin1String("1");
-        const bool no = word == QObject::tr("no") || word == QLatin1String("no") ||
-                        word == QLatin1String("false") || word == QLatin1String("0");
+        const bool yes = word == QLatin1String("yes") || word == QLatin1String("true") ||
+                         word == QLatin1String("1");
+        const bool no = word == QLatin1String("no") || word == QLatin1String("false") ||
+                        word == QLatin1String("0");
         value = yes;
         return yes || no;
     }
     QString reformat(const boost::any& value, const std::bitset<32>&) override
     {
         const bool* flag = boost::any_cast<bool>(&value);
-        return flag == nullptr ? QString() : *flag ? QObject::tr("yes") : QObject::tr("no");
+        return flag == nullptr ? QString() : *flag ? QStringLiteral("yes") : QStringLiteral("no");
     }
 };
 
@@ -114,13 +115,15 @@ CellText countText(const MemberColumn& column)
             }};
 }
 
-/// What the user reads, and the key of files as well.
+/// The name of a choice, in English under every language, and the key of files as well: rows that
+/// are copied in one language can be pasted in another.
 CellText choiceText(const MemberColumn& column, const FrameModel& model)
 {
     zel::qt::NamedValueList names;
     const MemberColumn::Choices choices = column.choices(model);
     for (const auto& [key, label] : choices) {
-        names.emplace_back(label, key.toStdString());
+        names.emplace_back(column.property ? column.property->choiceName(key) : label,
+                           key.toStdString());
     }
     for (const auto& [key, label] : choices) {
         names.emplace_back(key, key.toStdString());

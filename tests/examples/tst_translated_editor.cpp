@@ -1,5 +1,7 @@
 #include "examples/frame_editor/form_texts.h"
 #include "examples/frame_editor/member_results.h"
+#include "examples/frame_editor/member_table_cells.h"
+#include "examples/frame_editor/member_table_columns.h"
 #include "examples/frame_editor/translations.h"
 #include "tests/examples/editor_stage.h"
 #include "tests/helpers/checked_test.h"
@@ -108,6 +110,7 @@ public:
             }
         }
         m_data << QStringLiteral("portal_frame.json");
+        m_data << QDockWidget::tr("Close"); // Qt names the button
         for (const QString& file : formFiles()) {
             m_data << QFileInfo(file).completeBaseName();
         }
@@ -222,6 +225,7 @@ private Q_SLOTS:
     void messages();
     void buttonsOfQt();
     void numbersAreReadAsEver();
+    void clipboardIsOfNoLanguage();
     void letters();
 };
 
@@ -402,6 +406,25 @@ void TestTranslatedEditor::numbersAreReadAsEver()
     stage.enter("line_load", QStringLiteral("2500 N/m"));
     QCOMPARE(stage.member(0).lineLoad, 2.5);
     QCOMPARE(stage.text("line_load"), QStringLiteral("2.50 kN/m"));
+}
+
+void TestTranslatedEditor::clipboardIsOfNoLanguage()
+{
+    const EditorStage stage;
+    const FrameModel& model = stage.document.model();
+    boost::any value;
+    const auto kinds =
+        clipboardText(memberColumn(findMemberColumn(QStringLiteral("kind"))), model).validator;
+    QCOMPARE(kinds->reformat(std::string("column"), {}), QStringLiteral("Column"));
+    QVERIFY(kinds->validate(QStringLiteral("Column"), value, {}));
+    QCOMPARE(boost::any_cast<std::string>(value), std::string("column"));
+    QVERIFY(kinds->validate(QStringLiteral("column"), value, {}));
+    QVERIFY(!kinds->validate(either("Stütze", "Poteau"), value, {}));
+    const auto flags =
+        clipboardText(memberColumn(findMemberColumn(QStringLiteral("hinge_end"))), model).validator;
+    QCOMPARE(flags->reformat(true, {}), QStringLiteral("yes"));
+    QVERIFY(flags->validate(QStringLiteral("no"), value, {}));
+    QVERIFY(!flags->validate(either("nein", "non"), value, {}));
 }
 
 void TestTranslatedEditor::letters()
