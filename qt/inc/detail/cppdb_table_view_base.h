@@ -51,8 +51,8 @@ public:
 
     /// Replaces the handler that appends a row to the model when a block is pasted beyond the last
     /// one. It is called once for each row, in order, with the column of the first value and the
-    /// values; boost::none stands for a text that was refused. If the model has not grown
-    /// afterwards, the paste ends there. With an empty handler such a paste throws
+    /// values; boost::none stands for a text that was refused. If the row is not there afterwards,
+    /// the paste ends there. With an empty handler such a paste throws
     /// boost::bad_function_call.
     void setCreateNewRowHandler(
         boost::function<void(int, const std::deque<boost::optional<boost::any>>&)> handler);
