@@ -45,7 +45,8 @@ public:
     void forceVaries() override;
 
     /// The path as a std::string in UTF-8; for several files a text that counts them. Empty while
-    /// the values vary. A refused text reports the assertion "ok" of the line edit.
+    /// the values vary or the user has brought the marker back. A refused text reports the
+    /// assertion "ok" of the line edit.
     boost::any getValue() const;
 
     /// The name filter of the file dialogs, in UTF-8: "Tables (*.csv *.txt)". Empty by default.

@@ -41,6 +41,10 @@ public:
     /// Shows the marker. A following readValue() does not clear it, a reset() and readValue() does.
     void forceVaries() override;
 
+    /// Whether the edit shows the marker, also one that the user has brought back, by undoing say,
+    /// though the values then count as decided.
+    bool showsMarker() const;
+
     /// Takes over the text and the varying state of another line edit. Validity, validator and
     /// history stay as they are.
     void copyStateFrom(const MultiEditLineEdit& other);
@@ -54,7 +58,7 @@ private:
     bool vetoValidation(const QString& text) override;
     void onValidated(const QString& text, const boost::any& value) override;
 
-    bool isMarkerShown(const QString& text) const;
+    bool isMarker(const QString& text) const;
 
     bool m_varies = false;
     bool m_first = true;

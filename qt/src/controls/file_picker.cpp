@@ -147,7 +147,7 @@ void MultiEditFilePicker::forceVaries()
 
 boost::any MultiEditFilePicker::getValue() const
 {
-    if (m_edit == nullptr || m_edit->dataVaries()) {
+    if (m_edit == nullptr || m_edit->dataVaries() || m_edit->showsMarker()) {
         return {};
     }
     return m_edit->getValue();

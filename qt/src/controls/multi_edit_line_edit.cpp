@@ -68,7 +68,7 @@ bool MultiEditLineEdit::dataVaries() const
 
 boost::any MultiEditLineEdit::getCurrentValue() const
 {
-    if (dataVaries() || !isValueValid() || isMarkerShown(edit().text())) {
+    if (dataVaries() || !isValueValid() || showsMarker()) {
         return {};
     }
     // The validity is that of the last text that was validated. The text of the moment may be
@@ -100,7 +100,7 @@ void MultiEditLineEdit::forceVaries()
 
 void MultiEditLineEdit::copyStateFrom(const MultiEditLineEdit& other)
 {
-    const bool copiesMarker = other.isMarkerShown(other.edit().text());
+    const bool copiesMarker = other.showsMarker();
     edit().setText(other.edit().text());
     m_marker = boost::make_optional(copiesMarker, edit().text());
     m_first = other.m_first;
@@ -108,12 +108,17 @@ void MultiEditLineEdit::copyStateFrom(const MultiEditLineEdit& other)
     detail::describeVarying(edit(), m_varies);
 }
 
-bool MultiEditLineEdit::vetoValidation(const QString& text)
+bool MultiEditLineEdit::showsMarker() const
 {
-    return text == getVariesString() || isMarkerShown(text);
+    return isMarker(edit().text());
 }
 
-bool MultiEditLineEdit::isMarkerShown(const QString& text) const
+bool MultiEditLineEdit::vetoValidation(const QString& text)
+{
+    return text == getVariesString() || isMarker(text);
+}
+
+bool MultiEditLineEdit::isMarker(const QString& text) const
 {
     // The edit cuts the marker to its longest text, and the language of the application may have
     // changed since: the rest of a marker must not be taken for a text of the user.

@@ -148,6 +148,7 @@ private Q_SLOTS:
     void readsOfOneSelection();
     void setValueIsSilent();
     void forceVariesShowsTheMarker();
+    void markerBroughtBackByUndoing();
     void varyingPickerStartsAtTheCurrentDirectory();
     void pickDecidesAVaryingValue();
     void filterIsPassedOn();
@@ -535,6 +536,30 @@ void FilePickerTest::forceVariesShowsTheMarker()
     QVERIFY(f.picker.getValue().empty());
     QVERIFY(f.picker.getCurrentValue().empty());
     QCOMPARE(f.changed.count(), 0);
+}
+
+void FilePickerTest::markerBroughtBackByUndoing()
+{
+    Picker f(PathFile);
+    f.picker.forceVaries();
+    QLineEdit& edit = f.edit->edit();
+    edit.setFocus();
+    edit.selectAll();
+    QTest::keyClick(&edit, Qt::Key_A);
+    QCOMPARE(f.value(), told("a"));
+    for (int i = 0; i < 3 && f.text() != getVariesString(); ++i) {
+        QTest::keyClick(&edit, Qt::Key_Z, Qt::ControlModifier);
+    }
+    QCOMPARE(f.text(), getVariesString());
+    // The values count as decided, but the marker is no path.
+    QVERIFY(!f.picker.dataVaries());
+    QVERIFY(f.picker.getValue().empty());
+    QVERIFY(f.picker.getCurrentValue().empty());
+    const auto dialog = cancelNextDialog();
+    f.button->click();
+    QCOMPARE(dialog->directory, QDir::currentPath());
+    QCOMPARE(f.text(), getVariesString());
+    QCOMPARE(f.changed.count(), 1); // that of the dialog
 }
 
 void FilePickerTest::varyingPickerStartsAtTheCurrentDirectory()
