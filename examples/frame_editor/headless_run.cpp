@@ -226,7 +226,8 @@ private:
     {
         const FrameModel& model = m_document.model();
         const MemberProperty& kind = *findMemberProperty(QStringLiteral("kind"));
-        for (const int index : told()) {
+        const QVector<int> members = told();
+        for (const int index : members) {
             const Member& member = memberAt(m_document, index);
             print(QStringLiteral("%1\t%2\t%3\t%4 - %5\t%6")
                       .arg(member.name, valueText(kind, kind.get(member)),
@@ -239,7 +240,8 @@ private:
 
     void printMembers() const
     {
-        for (const int index : told()) {
+        const QVector<int> members = told();
+        for (const int index : members) {
             const Member& member = memberAt(m_document, index);
             for (const MemberProperty& property : memberProperties()) {
                 print(

@@ -19,7 +19,8 @@ QByteArray number(double value)
 QByteArray text(const QString& value)
 {
     QByteArray result = "\"";
-    for (const char c : value.toUtf8()) {
+    const QByteArray bytes = value.toUtf8();
+    for (const char c : bytes) {
         switch (c) {
         case '"':
             result += "\\\"";

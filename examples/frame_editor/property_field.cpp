@@ -266,11 +266,11 @@ FieldOutcome PropertyField::commitChoice()
 FieldOutcome PropertyField::write(const PropertyValue& value)
 {
     std::vector<MemberChange> changes;
-    for (const int member : m_members) {
+    for (const int member : qAsConst(m_members)) {
         changes.push_back({member, value});
     }
     bool differs = false;
-    for (const int member : m_members) {
+    for (const int member : qAsConst(m_members)) {
         const auto index = static_cast<std::size_t>(member);
         differs = differs || m_property.get(m_document.model().members.at(index)) != value;
     }

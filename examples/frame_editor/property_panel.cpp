@@ -255,8 +255,9 @@ void PropertyPanel::alignColumns()
     std::vector<QLabel*> units;
     for (const PropertyField* field : m_fields) {
         if (field->property().kind == PropertyKind::Quantity) {
-            for (QLabel* unit :
-                 field->editor()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly)) {
+            const QList<QLabel*> labels =
+                field->editor()->findChildren<QLabel*>(QString(), Qt::FindDirectChildrenOnly);
+            for (QLabel* unit : labels) {
                 units.push_back(unit);
                 unitWidth = std::max(unitWidth, unit->sizeHint().width());
             }

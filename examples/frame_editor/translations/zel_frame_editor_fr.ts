@@ -636,6 +636,31 @@ n’est écrit.
         <source>&quot;%1&quot; has no place here</source>
         <translation>«&#xa0;%1&#xa0;» n’a pas de place ici</translation>
     </message>
+    <message>
+        <source>%1: &quot;%2&quot; is not of the form MEMBER.COLUMN=...</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>
+In the table of members, after the fields and in the order given; may be repeated:
+  --cell MEMBER.COLUMN=TEXT   types TEXT into a cell
+  --paste MEMBER.COLUMN=FILE  pastes the text of FILE with that cell as its corner;
+                       without a member the row below the last one is meant
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the table has no column &quot;%1&quot;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1.%2: unchanged</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1: this member has no such cell</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::Canvas</name>

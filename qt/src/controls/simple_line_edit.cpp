@@ -86,7 +86,8 @@ SimpleLineEdit::SimpleLineEdit(QWidget* parent, const QString& label,
         m_layout->addWidget(m_button);
     }
     if (borderless) {
-        for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const QList<QWidget*> parts = findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+        for (QWidget* part : parts) {
             detail::writeInBlack(*part);
         }
     }
