@@ -638,7 +638,7 @@ nichts wird geschrieben.
     </message>
     <message>
         <source>%1: &quot;%2&quot; is not of the form MEMBER.COLUMN=...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: „%2“ hat nicht die Form STAB.SPALTE=...</translation>
     </message>
     <message>
         <source>
@@ -647,19 +647,24 @@ In the table of members, after the fields and in the order given; may be repeate
   --paste MEMBER.COLUMN=FILE  pastes the text of FILE with that cell as its corner;
                        without a member the row below the last one is meant
 </source>
-        <translation type="unfinished"></translation>
+        <translation>
+In der Stabtabelle, nach den Feldern und in der angegebenen Reihenfolge; mehrfach möglich:
+  --cell STAB.SPALTE=TEXT    tippt TEXT in eine Zelle
+  --paste STAB.SPALTE=DATEI  fügt den Text von DATEI mit dieser Zelle als Ecke ein;
+                       ohne Stab ist die Zeile unter der letzten gemeint
+</translation>
     </message>
     <message>
         <source>the table has no column &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>die Tabelle hat keine Spalte „%1“</translation>
     </message>
     <message>
         <source>%1.%2: unchanged</source>
-        <translation type="unfinished"></translation>
+        <translation>%1.%2: unverändert</translation>
     </message>
     <message>
         <source>%1: this member has no such cell</source>
-        <translation type="unfinished"></translation>
+        <translation>%1: Dieser Stab hat keine solche Zelle</translation>
     </message>
 </context>
 <context>

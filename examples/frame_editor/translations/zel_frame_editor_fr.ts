@@ -638,7 +638,7 @@ n’est écrit.
     </message>
     <message>
         <source>%1: &quot;%2&quot; is not of the form MEMBER.COLUMN=...</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: «&#xa0;%2&#xa0;» n’est pas de la forme BARRE.COLONNE=...</translation>
     </message>
     <message>
         <source>
@@ -647,19 +647,24 @@ In the table of members, after the fields and in the order given; may be repeate
   --paste MEMBER.COLUMN=FILE  pastes the text of FILE with that cell as its corner;
                        without a member the row below the last one is meant
 </source>
-        <translation type="unfinished"></translation>
+        <translation>
+Dans le tableau des barres, après les champs et dans l’ordre donné&#xa0;; répétable&#xa0;:
+  --cell BARRE.COLONNE=TEXTE     saisit TEXTE dans une cellule
+  --paste BARRE.COLONNE=FICHIER  colle le texte de FICHIER avec cette cellule pour coin&#xa0;;
+                       sans barre, la ligne sous la dernière
+</translation>
     </message>
     <message>
         <source>the table has no column &quot;%1&quot;</source>
-        <translation type="unfinished"></translation>
+        <translation>le tableau n’a pas de colonne «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>%1.%2: unchanged</source>
-        <translation type="unfinished"></translation>
+        <translation>%1.%2: inchangé</translation>
     </message>
     <message>
         <source>%1: this member has no such cell</source>
-        <translation type="unfinished"></translation>
+        <translation>%1&#xa0;: cette barre n’a pas cette cellule</translation>
     </message>
 </context>
 <context>
