@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QScreen>
 #include <QStandardPaths>
 
 #include <cstdio>
@@ -44,12 +45,20 @@ void dropPlatformMessages(QtMsgType type, const QMessageLogContext& context, con
 }
 
 /// Opens the model in the window and stays until the window is closed.
+/// Lets the window with its title bar and its status bar stand on a small screen as well.
+void fitToScreen(MainWindow& window)
+{
+    const QSize frame(20, 50); // of the usual window managers, which tell it only afterwards
+    window.resize(window.size().boundedTo(window.screen()->availableSize() - frame));
+}
+
 int runWindow(const CommandLine& line, Document& document, UnitSettings& units, MainWindow& window,
               const QString& formError)
 {
     units.setColumn(line.column);
     window.restoreView(QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
                        QStringLiteral("/view.ini"));
+    fitToScreen(window);
     window.show();
     if (!line.formFile.isEmpty()) {
         window.openForm(line.formFile);
