@@ -14,6 +14,7 @@
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyle>
 
 #include <boost/make_shared.hpp>
 
@@ -203,7 +204,10 @@ void MemberTable::fitColumns()
 {
     resizeColumnsToContents();
     for (int column = 0; column < m_cells->columnCount(); ++column) {
-        setColumnWidth(column, qMin(columnWidth(column), widestColumn));
+        // A list needs room for its arrow beside the longest text.
+        const bool isChoice = memberColumn(column).cell == Cell::Choice;
+        const int arrow = isChoice ? style()->pixelMetric(QStyle::PM_ScrollBarExtent) : 0;
+        setColumnWidth(column, qMin(columnWidth(column), widestColumn) + 2 * arrow);
     }
 }
 
