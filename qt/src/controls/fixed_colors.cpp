@@ -23,6 +23,8 @@ void writeInBlack(QWidget& widget)
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(role, Qt::black);
     }
+    // For a host that takes the sheet off again: black stays on white.
+    palette.setColor(QPalette::Base, Qt::white);
     widget.setPalette(palette);
 }
 

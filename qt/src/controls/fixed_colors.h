@@ -8,7 +8,8 @@ class QWidget;
 
 namespace zel::qt::detail {
 
-/// For a widget that a sheet gives a white background: its text becomes black. Under a sheet a
+/// For a widget that a sheet gives a white background: its text becomes black, and white what is
+/// below it without the sheet. Under a sheet a
 /// widget does not inherit its parent's palette, so each part is told.
 void writeInBlack(QWidget& widget);
 

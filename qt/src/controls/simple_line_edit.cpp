@@ -309,8 +309,10 @@ void SimpleLineEdit::showColor(const QString& color)
     const QString sheet = QStringLiteral("QLineEdit { color: %1; }").arg(color);
     // Setting a sheet polishes the edit and its children anew, which is too dear for a keystroke.
     if (m_edit->styleSheet() != sheet) {
-        detail::writeOnWhite(*m_edit);
         m_edit->setStyleSheet(sheet);
+        // Behind the sheet, for a new one brings back the palette that the edit had before the
+        // last.
+        detail::writeOnWhite(*m_edit);
     }
 }
 

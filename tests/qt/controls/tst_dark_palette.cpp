@@ -51,6 +51,7 @@ private Q_SLOTS:
 
     void textCanBeRead_data();
     void textCanBeRead();
+    void borderlessLookTakenOff();
     void popupsCanBeRead();
     void entriesOnAColourCanBeRead_data();
     void entriesOnAColourCanBeRead();
@@ -112,6 +113,25 @@ void DarkPaletteTest::textCanBeRead()
             QVERIFY2(contrastOf(*label) > 100, qPrintable(label->text()));
         }
     }
+}
+
+void DarkPaletteTest::borderlessLookTakenOff()
+{
+    // A host takes the sheets of a table cell off for its form.
+    QWidget window;
+    auto* field =
+        SimpleLineEdit::create(&window, QString(), new DoubleEditValidator, 1, ExpandRight);
+    field->resize(220, 28);
+    field->setStyleSheet(QString());
+    field->edit().setStyleSheet(QString());
+    field->setValue(888.0);
+    field->onTextEdited(QStringLiteral("888"));
+    window.show();
+    QVERIFY(contrastOf(field->edit()) > 100);
+    field->onTextEdited(QStringLiteral("x88"));
+    QVERIFY(contrastOf(field->edit()) > 60);
+    field->onTextEdited(QStringLiteral("888"));
+    QVERIFY(contrastOf(field->edit()) > 100);
 }
 
 void DarkPaletteTest::popupsCanBeRead()
