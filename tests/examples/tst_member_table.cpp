@@ -1,4 +1,5 @@
 #include "examples/frame_editor/canvas.h"
+#include "examples/frame_editor/canvas_items.h"
 #include "examples/frame_editor/member_list.h"
 #include "tests/examples/member_table_stage.h"
 #include "tests/helpers/checked_test.h"
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void refusedNameInTheBlankRow();
     void selectionFromTheTable();
     void selectionFromElsewhere();
+    void selectionOnTheCanvas();
     void selectionOfCellsStays();
     void undoWhileAnEditorIsOpen();
     void changeWhileAnotherEditorIsOpen();
@@ -544,6 +546,25 @@ void TestMemberTable::selectionFromElsewhere()
     stage.select({});
     QVERIFY(!stage.table().selectionModel()->hasSelection());
     QCOMPARE(selected.count(), 3);
+}
+
+void TestMemberTable::selectionOnTheCanvas()
+{
+    MemberTableStage stage;
+    const Canvas& canvas = stage.window.canvas();
+    QSignalSpy selected(&stage.document, &Document::selectionChanged);
+    const QRectF column = canvas.memberItems()[1]->sceneBoundingRect();
+    QTest::mouseClick(canvas.viewport(), Qt::LeftButton, {}, canvas.mapFromScene(column.center()));
+    QCOMPARE(stage.document.selection().members(), QVector<int>{1});
+    QCOMPARE(selected.count(), 1);
+    QCOMPARE(stage.table().selectionModel()->selectedRows().size(), 1);
+    QVERIFY(stage.table().selectionModel()->isRowSelected(1, {}));
+    // And back.
+    stage.selectCell(stage.cell("R1", "line_load"));
+    QVERIFY(canvas.memberItems()[2]->isSelected());
+    QVERIFY(!canvas.memberItems()[1]->isSelected());
+    QCOMPARE(selected.count(), 2);
+    QCOMPARE(stage.table().selectionModel()->selectedIndexes().size(), 1);
 }
 
 void TestMemberTable::selectionOfCellsStays()
