@@ -2,7 +2,25 @@
 
 #include "examples/frame_editor/member_table_model.h"
 
+#include <algorithm>
+
 namespace frame_editor {
+
+namespace {
+
+/// A text of a cell as the clipboard has it. A tab or a line end in it would part it into several
+/// cells, and push those behind it out of their places.
+QString inOneCell(QString text)
+{
+    for (QChar& c : text) {
+        if (c == QLatin1Char('\t') || c == QLatin1Char('\n') || c == QLatin1Char('\r')) {
+            c = QLatin1Char(' ');
+        }
+    }
+    return text;
+}
+
+} // namespace
 
 PasteRun::PasteRun(MemberTableModel& model, const QString& text, const QModelIndexList& selected)
     : m_model(model)
@@ -18,6 +36,10 @@ PasteRun::PasteRun(MemberTableModel& model, const QString& text, const QModelInd
         m_left = qMin(m_left, cell.column());
     }
     m_row = m_top - 1;
+    m_isOverMembers =
+        std::any_of(m_cells.cbegin(), m_cells.cend(), [&model](const QModelIndex& cell) {
+            return model.member(cell.row()) != nullptr;
+        });
 }
 
 int PasteRun::row() const
@@ -39,6 +61,10 @@ bool PasteRun::take(int column, const QString& text, const CellText& rules)
     }
     ++m_asked;
     m_right = qMax(m_right, column);
+    // The blank row belongs to a column that is selected as a whole, and nobody asked for a member.
+    if (!m_isBlock && m_isOverMembers && !m_model.member(m_row)) {
+        return false;
+    }
     const bool isColumn = column < m_model.columnCount();
     const bool mayBeEmpty = isColumn && memberColumn(column).cell == MemberColumn::Cell::Text &&
                             memberColumn(column).property->kind == PropertyKind::Text;
@@ -51,7 +77,7 @@ bool PasteRun::take(int column, const QString& text, const CellText& rules)
     }
     // What a cell shows stands for its value, to the last digit.
     if (m_model.member(m_row) && m_model.hasCell(m_row, column) &&
-        (text == m_model.fullText(m_row, column) ||
+        (text == inOneCell(m_model.fullText(m_row, column)) ||
          text == m_model.index(m_row, column).data().toString())) {
         return false;
     }
@@ -78,7 +104,7 @@ bool ClipboardValidator::validate(const QString& text, boost::any& value,
 
 QString ClipboardValidator::reformat(const boost::any& value, const std::bitset<32>& flags)
 {
-    return m_rules.validator ? m_rules.validator->reformat(value, flags) : QString();
+    return m_rules.validator ? inOneCell(m_rules.validator->reformat(value, flags)) : QString();
 }
 
 } // namespace frame_editor

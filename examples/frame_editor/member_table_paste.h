@@ -21,8 +21,8 @@ public:
     PasteRun(MemberTableModel& model, const QString& text, const QModelIndexList& selected);
 
     /// Whether the text goes into the cell that comes next, which is in this column. Notes a
-    /// refusal; leaves alone a cell that shows this text already, and an empty text where a value
-    /// is needed.
+    /// refusal; leaves alone a cell that shows this text already, an empty text where a value is
+    /// needed, and the blank row if a single value goes into members too.
     bool take(int column, const QString& text, const CellText& rules);
 
     /// The row that is being pasted.
@@ -34,6 +34,7 @@ private:
     MemberTableModel& m_model;
     QModelIndexList m_cells; ///< of a single value
     bool m_isBlock;
+    bool m_isOverMembers = false;
     int m_left = 0;
     int m_top = 0;
     int m_right = -1;

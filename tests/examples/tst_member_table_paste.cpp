@@ -25,6 +25,7 @@ private Q_SLOTS:
     void spreadsheetText();
     void oneStep();
     void valueIntoSeveralCells();
+    void valueIntoAWholeColumn();
     void partlyBelow();
     void intoTheBlankRow();
     void newMembersHaveWhatMembersNeed();
@@ -37,6 +38,7 @@ private Q_SLOTS:
     void refusedValueInSeveralCells();
     void shownTextIsNoChange();
     void emptyCellsLeaveValues();
+    void textsWithTabsAndLineEnds();
     void exchangedNames();
     void namesInAChain();
     void turnedMember();
@@ -228,6 +230,21 @@ void TestMemberTablePaste::valueIntoSeveralCells()
     QCOMPARE(stage.steps(), 1);
     stage.undo();
     QCOMPARE(stage.named("R1").lengthOffset, -0.15);
+}
+
+void TestMemberTablePaste::valueIntoAWholeColumn()
+{
+    // The blank row is selected with the column, but nobody asked for a new member.
+    MemberTableStage stage;
+    stage.table().selectColumn(findMemberColumn(QStringLiteral("note")));
+    stage.pasteOver(QStringLiteral("checked"));
+    QCOMPARE(int(stage.document.model().members.size()), 11);
+    QCOMPARE(stage.named("C1").note, QStringLiteral("checked"));
+    QCOMPARE(stage.named("L1").note, QStringLiteral("checked"));
+    QCOMPARE(stage.status(), QStringLiteral("Paste of 11 cells: written"));
+    // By itself it takes the value.
+    stage.paste(stage.cell("", "note"), QStringLiteral("new"));
+    QCOMPARE(stage.member(11).note, QStringLiteral("new"));
 }
 
 void TestMemberTablePaste::partlyBelow()
@@ -451,6 +468,25 @@ void TestMemberTablePaste::emptyCellsLeaveValues()
     // A note can be empty.
     stage.paste(stage.cell("C1", "note"), QStringLiteral("\n"));
     QCOMPARE(stage.named("C1").note, QString());
+}
+
+void TestMemberTablePaste::textsWithTabsAndLineEnds()
+{
+    // A file may have them in a text. Copied, such a text is one cell all the same, and what stands
+    // behind and below it keeps its place.
+    MemberTableStage stage;
+    const QString note = QStringLiteral("above\nbelow\tbeside\r");
+    stage.document.setMemberValues(*findMemberProperty(QStringLiteral("note")), {{2, note}});
+    const QByteArray before = stage.bytes();
+    stage.selectBlock(stage.cell("R1", "note"), stage.cell("R2", "drawing"));
+    QCOMPARE(stage.copied(), QStringLiteral("above below beside \t\n\t\n"));
+    stage.pasteOver(QGuiApplication::clipboard()->text());
+    QCOMPARE(stage.bytes(), before);
+    stage.selectCell(stage.cell("R1", "note"));
+    QCOMPARE(stage.copied(), QStringLiteral("above below beside "));
+    stage.pasteOver(QGuiApplication::clipboard()->text());
+    QCOMPARE(stage.bytes(), before);
+    QCOMPARE(stage.steps(), 1);
 }
 
 void TestMemberTablePaste::exchangedNames()
