@@ -18,6 +18,7 @@
 
 #include <QApplication>
 #include <QSaveFile>
+#include <QTextCodec>
 
 #include <cstdio>
 
@@ -37,6 +38,20 @@ public:
 void print(const QString& text)
 {
     std::fputs((text + QLatin1Char('\n')).toUtf8().constData(), stdout);
+}
+
+/// The text of a file. Bytes that are none would get into the model as signs that say nothing.
+QString readText(const QString& fileName)
+{
+    const QByteArray bytes = readWholeFile(fileName);
+    QTextCodec::ConverterState state;
+    const QString text =
+        QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
+    if (state.invalidChars > 0 || state.remainingChars > 0) {
+        throw RunError(
+            QStringLiteral("%1: %2").arg(fileName, QObject::tr("bytes that are not UTF-8")));
+    }
+    return text;
 }
 
 const Member& memberAt(const Document& document, int index)
@@ -191,7 +206,7 @@ private:
                                                [&refusal](const QString& text) { refusal = text; });
         const QModelIndex cell = table.cells().index(row, column);
         if (edit.isPaste) {
-            pasteText(table, cell, QString::fromUtf8(readWholeFile(edit.text)));
+            pasteText(table, cell, readText(edit.text));
         } else {
             enterText(table, cell, edit.text);
         }

@@ -24,6 +24,8 @@ private Q_SLOTS:
     void tableCells();
     void refusedCells_data();
     void refusedCells();
+    void pasteInAnotherEncoding_data();
+    void pasteInAnotherEncoding();
     void nothingSet();
     void passingValuesStay();
     void moved();
@@ -295,6 +297,41 @@ void TestFrameEditor::refusedCells()
     QCOMPARE(result.err, QStringLiteral("frame_editor: ") + message + QLatin1Char('\n'));
     QCOMPARE(result.code, 1);
     QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList());
+}
+
+void TestFrameEditor::pasteInAnotherEncoding_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("isText");
+    QTest::newRow("byte order mark") << QByteArray("\xef\xbb\xbf"
+                                                   "St\xc3\xbctze\n")
+                                     << true;
+    QTest::newRow("Latin 1") << QByteArray("St\xfctze\n") << false;
+    QTest::newRow("UTF-16") << QByteArray("\xff\xfeS\0t\0\xfc\0\n\0", 10) << false;
+    QTest::newRow("cut short") << QByteArray("St\xc3") << false;
+}
+
+void TestFrameEditor::pasteInAnotherEncoding()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, isText);
+    QTemporaryDir folder;
+    const QString saved = folder.filePath(QStringLiteral("out.json"));
+    QFile rows(folder.filePath(QStringLiteral("rows.txt")));
+    QVERIFY(rows.open(QIODevice::WriteOnly));
+    rows.write(bytes);
+    rows.close();
+    const Result result =
+        run({model(), QStringLiteral("--paste"), QStringLiteral("R1.name=") + rows.fileName(),
+             QStringLiteral("--save"), saved});
+    QCOMPARE(result.code, isText ? 0 : 1);
+    QCOMPARE(
+        result.err,
+        isText
+            ? QString()
+            : QStringLiteral("frame_editor: %1: bytes that are not UTF-8\n").arg(rows.fileName()));
+    QCOMPARE(QFile::exists(saved), isText);
+    QVERIFY(!isText || !memberOf(read(saved), QStringLiteral("Stütze")).isEmpty());
 }
 
 void TestFrameEditor::nothingSet()
