@@ -10,6 +10,8 @@
 
 #include <boost/make_shared.hpp>
 
+#include <limits>
+
 namespace frame_editor {
 
 using Cell = MemberColumn::Cell;
@@ -210,13 +212,25 @@ TextCellDelegate::TextCellDelegate(const CellText& text, const Refuse& refuse, Q
     , m_refuse(refuse)
 {}
 
+QWidget* TextCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                                        const QModelIndex& index) const
+{
+    QWidget* editor = LineEditItemDelegate::createEditor(parent, option, index);
+    if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
+        // Qt's own limit would cut a long text as soon as it is shown.
+        edit->setMaxLength(std::numeric_limits<int>::max());
+    }
+    return editor;
+}
+
 void TextCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                     const QModelIndex& index) const
 {
     const auto* edit = qobject_cast<QLineEdit*>(editor);
     const QString text = edit ? edit->text() : QString();
-    // The blank row that was left blank stays so.
-    if (text.isEmpty() && index.data(zel::qt::EditRole).value<boost::any>().empty()) {
+    // What is there may stay, whatever the limits are; the blank row that was left blank as well.
+    const auto present = index.data(zel::qt::EditRole).value<boost::any>();
+    if (text == m_text.validator->reformat(present, {})) {
         return;
     }
     boost::any value;

@@ -44,6 +44,8 @@ private Q_SLOTS:
     void passingThroughWritesNothing_data();
     void passingThroughWritesNothing();
     void valueBeyondTheLimitsStays();
+    void textBeyondTheLimitsStays_data();
+    void textBeyondTheLimitsStays();
     void escape();
     void tabGoesToTheNextCell();
     void choiceByMouse();
@@ -271,6 +273,34 @@ void TestMemberTable::valueBeyondTheLimitsStays()
     QCoreApplication::processEvents();
     QCOMPARE(stage.named("C1").lengthOffset, 25.0);
     QCOMPARE(stage.steps(), 1);
+}
+
+void TestMemberTable::textBeyondTheLimitsStays_data()
+{
+    QTest::addColumn<QByteArray>("property");
+    QTest::addColumn<int>("length");
+    QTest::newRow("name") << QByteArray("name") << 41;
+    QTest::newRow("note") << QByteArray("note") << 1001;
+    // A line edit as it comes takes 32767 characters.
+    QTest::newRow("note of a long line") << QByteArray("note") << 40000;
+    QTest::newRow("drawing, which has no limit") << QByteArray("drawing") << 40000;
+}
+
+void TestMemberTable::textBeyondTheLimitsStays()
+{
+    QFETCH(QByteArray, property);
+    QFETCH(int, length);
+    MemberTableStage stage;
+    stage.document.setMemberValues(*findMemberProperty(QLatin1String(property)),
+                                   {{2, QString(length, QLatin1Char('x'))}});
+    const QByteArray before = stage.bytes();
+    QWidget* editor = stage.open(stage.cells().index(2, findMemberColumn(QLatin1String(property))));
+    QVERIFY(editor != nullptr);
+    QCOMPARE(stage.table().commitPending(), QString());
+    QVERIFY(stage.editor() == nullptr);
+    QCOMPARE(stage.bytes(), before);
+    QCOMPARE(stage.steps(), 1);
+    QCOMPARE(stage.status(), QStringLiteral("Ready"));
 }
 
 void TestMemberTable::escape()
