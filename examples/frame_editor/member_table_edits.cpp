@@ -6,6 +6,7 @@
 #include <QObject>
 
 #include <algorithm>
+#include <limits>
 
 namespace frame_editor {
 
@@ -121,9 +122,6 @@ void MemberEdits::clear(int row, int column)
 
 void MemberEdits::refuse(int row, int column, const QString& reason)
 {
-    if (growTo(row)) {
-        m_rows[static_cast<std::size_t>(row)].touched = true;
-    }
     m_refusals.push_back({row, column, reason});
 }
 
@@ -146,7 +144,6 @@ void MemberEdits::restore(std::size_t row, int column, const QString& reason)
 
 void MemberEdits::settle()
 {
-    dropUntouched();
     for (std::size_t row = 0; row < m_members.size(); ++row) {
         if (m_rows[row].touched) {
             if (isNew(static_cast<int>(row))) {
@@ -156,18 +153,26 @@ void MemberEdits::settle()
         }
     }
     settleNames();
+    dropNotGiven();
     giveNames();
 }
 
-void MemberEdits::dropUntouched()
+/// A new member has to have something that was meant for it, and not only refused texts.
+void MemberEdits::dropNotGiven()
 {
     for (std::size_t row = m_members.size(); row-- > m_model.members.size();) {
-        if (!m_rows[row].touched) {
-            const auto at = static_cast<std::ptrdiff_t>(row);
-            m_members.erase(m_members.begin() + at);
-            m_rows.erase(m_rows.begin() + at);
-            for (CellRefusal& refusal : m_refusals) {
-                refusal.row -= refusal.row > static_cast<int>(row) ? 1 : 0;
+        if (!m_rows[row].given.isEmpty()) {
+            continue;
+        }
+        const auto at = static_cast<std::ptrdiff_t>(row);
+        m_members.erase(m_members.begin() + at);
+        m_rows.erase(m_rows.begin() + at);
+        for (CellRefusal& refusal : m_refusals) {
+            if (refusal.row == static_cast<int>(row)) {
+                refusal.row = std::numeric_limits<int>::max(); // of no member
+            } else if (refusal.row > static_cast<int>(row) &&
+                       refusal.row < std::numeric_limits<int>::max()) {
+                --refusal.row;
             }
         }
     }

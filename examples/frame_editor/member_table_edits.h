@@ -41,7 +41,7 @@ public:
     void refuse(int row, int column, const QString& reason);
 
     /// Sees to what hangs together: names that are taken, members from a node to itself, and what a
-    /// new member was not given. New members of which nothing was said go away.
+    /// new member was not given. New members that were given nothing go away.
     void settle();
 
     int newMembers() const;
@@ -60,7 +60,7 @@ private:
     Member newMember() const;
     bool isGiven(std::size_t row, int column) const;
     void restore(std::size_t row, int column, const QString& reason);
-    void dropUntouched();
+    void dropNotGiven();
     void completeNew(std::size_t row);
     void settleNodes(std::size_t row);
     void settleNames();

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void intoTheBlankRow();
     void newMembersHaveWhatMembersNeed();
     void refusedCellOfANewMember();
+    void refusedTextsMakeNoMember();
     void blankLines();
     void modelWithoutNodes();
     void refusedCells_data();
@@ -326,6 +327,28 @@ void TestMemberTablePaste::refusedCellOfANewMember()
              QStringLiteral("2 new members: written; 3 cells were left as they are; M1, End node: "
                             "the model has no node \"N99\""));
     QCOMPARE(stage.steps(), 1);
+}
+
+void TestMemberTablePaste::refusedTextsMakeNoMember()
+{
+    MemberTableStage stage;
+    const QByteArray before = stage.bytes();
+    stage.paste(stage.cell("", "section"), QStringLiteral("IPE 201"));
+    QCOMPARE(stage.status(), QStringLiteral("New member, Cross section: the model has no cross "
+                                            "section \"IPE 201\"; this cell was left as it is"));
+    stage.paste(stage.cell("", "name"), QStringLiteral("C1"));
+    QCOMPARE(stage.status(), QStringLiteral("New member, Name: there is a member \"C1\" already; "
+                                            "this cell was left as it is"));
+    QCOMPARE(stage.bytes(), before);
+    QCOMPARE(stage.steps(), 0);
+    QCOMPARE(stage.cells().rowCount(), 12);
+    // Those behind it are made all the same.
+    stage.paste(stage.cell("", "section"), QStringLiteral("IPE 201\tWood\nIPE 200\tWood\n"));
+    QCOMPARE(int(stage.document.model().members.size()), 12);
+    QCOMPARE(stage.member(11).section, QStringLiteral("IPE 200"));
+    QCOMPARE(stage.status(),
+             QStringLiteral("New member M1: written; 3 cells were left as they are; New member, "
+                            "Cross section: the model has no cross section \"IPE 201\""));
 }
 
 void TestMemberTablePaste::blankLines()
