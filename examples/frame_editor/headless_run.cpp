@@ -45,7 +45,7 @@ QString readText(const QString& fileName)
 {
     const QByteArray bytes = readWholeFile(fileName);
     QTextCodec::ConverterState state;
-    const QString text =
+    QString text =
         QTextCodec::codecForName("UTF-8")->toUnicode(bytes.constData(), bytes.size(), &state);
     if (state.invalidChars > 0 || state.remainingChars > 0) {
         throw RunError(

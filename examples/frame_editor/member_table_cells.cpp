@@ -183,7 +183,7 @@ QString exactQuantityText(const Context& units, int unitSet, double value)
         return reader.validate(text, read, {}) &&
                boost::any_cast<IConverter::quantity>(read).value == value;
     };
-    const QString shown = formatQuantity(units, unitSet, value);
+    QString shown = formatQuantity(units, unitSet, value);
     if (isExact(shown)) {
         return shown;
     }
@@ -197,7 +197,7 @@ QString exactQuantityText(const Context& units, int unitSet, double value)
         const QString label = QString::fromStdString(units.unit_provider().get_label(unit));
         const double number = units.converter().convert({set, value}, unit).value;
         for (int digits = fewest; digits <= most; ++digits) {
-            const QString text = QString::number(number, 'g', digits) + QLatin1Char(' ') + label;
+            QString text = QString::number(number, 'g', digits) + QLatin1Char(' ') + label;
             if (isExact(text)) {
                 return text;
             }
