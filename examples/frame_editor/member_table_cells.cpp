@@ -10,8 +10,6 @@
 
 #include <boost/make_shared.hpp>
 
-#include <limits>
-
 namespace frame_editor {
 
 using Cell = MemberColumn::Cell;
@@ -211,17 +209,6 @@ TextCellDelegate::TextCellDelegate(const CellText& text, const Refuse& refuse, Q
     , m_text(text)
     , m_refuse(refuse)
 {}
-
-QWidget* TextCellDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& option,
-                                        const QModelIndex& index) const
-{
-    QWidget* editor = LineEditItemDelegate::createEditor(parent, option, index);
-    if (auto* edit = qobject_cast<QLineEdit*>(editor)) {
-        // Qt's own limit would cut a long text as soon as it is shown.
-        edit->setMaxLength(std::numeric_limits<int>::max());
-    }
-    return editor;
-}
 
 void TextCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
                                     const QModelIndex& index) const

@@ -34,8 +34,6 @@ public:
 
     TextCellDelegate(const CellText& text, const Refuse& refuse, QObject* parent);
 
-    QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
-                          const QModelIndex& index) const override;
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
 

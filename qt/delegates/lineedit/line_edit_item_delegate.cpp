@@ -123,6 +123,8 @@ void LineEditItemDelegate::setEditorData(QWidget* editor, const QModelIndex& ind
     auto* edit = qobject_cast<QLineEdit*>(editor);
     ZEL_SMART_ASSERT(edit != nullptr, "edit");
     if (edit != nullptr) {
+        // The edit's limit is for what is typed: a value that it cuts would be written back so.
+        edit->setMaxLength(qMax(edit->maxLength(), text.size()));
         edit->setText(text);
         edit->selectAll();
     }

@@ -1,5 +1,6 @@
 #include "qt/inc/delegates.h"
 #include "qt/inc/detail/line_edit_impl.h"
+#include "qt/inc/validators/string_edit_validator.h"
 #include "tests/helpers/checked_test.h"
 #include "tests/helpers/typed_table_model.h"
 #include "tests/helpers/whole_number_validator.h"
@@ -122,6 +123,7 @@ private Q_SLOTS:
     void refusedTextLeavesTheCell();
     void askedInTheCLocale();
     void valueConvertedFromAnotherType();
+    void longTextStays();
     void wrongEditor();
     void button();
     void buttonThatAsksTheUser_data();
@@ -331,6 +333,25 @@ void LineEditItemDelegateTest::valueConvertedFromAnotherType()
     auto* editor = f.open(1, 2);
     QVERIFY(editor != nullptr);
     QCOMPARE(editor->text(), QString("42"));
+}
+
+void LineEditItemDelegateTest::longTextStays()
+{
+    // An edit takes 32767 characters of itself.
+    const std::wstring text = std::wstring(40000, L'a') + L"b";
+    Fixture f;
+    f.model.put(0, 0, text);
+    LineEditItemDelegate delegate(boost::make_shared<StringEditValidator>(50000), nullptr);
+    f.view->setItemDelegate(&delegate);
+    QVERIFY(f.show());
+    auto* editor = f.open(0, 0);
+    QVERIFY(editor != nullptr);
+    QVERIFY(editor->text() == QString::fromStdWString(text));
+    QTest::keyClick(editor, Qt::Key_Return);
+    settle();
+    QVERIFY(f.editor() == nullptr);
+    QVERIFY(boost::any_cast<std::wstring>(f.model.value(0, 0)) == text);
+    f.view->setItemDelegate(f.delegate);
 }
 
 void LineEditItemDelegateTest::wrongEditor()
