@@ -52,6 +52,9 @@ RulerMarks mapRulerTicks(const QGraphicsView& view, const RulerTicks& ticks,
 
 void drawRulerMarks(QPainter* painter, const RulerMarks& marks, Qt::Orientation orientation)
 {
+    // A number reads from left to right in a right-to-left layout too, its sign first.
+    const Qt::LayoutDirection direction = painter->layoutDirection();
+    painter->setLayoutDirection(Qt::LeftToRight);
     for (const auto& [point, value] : marks.major) {
         const QString label = QStringLiteral("%1").arg(value, 0, 'g', -1, QLatin1Char(' '));
         const QRect box = painter->fontMetrics().boundingRect(label).adjusted(0, 0, 2, 0);
@@ -61,6 +64,7 @@ void drawRulerMarks(QPainter* painter, const RulerMarks& marks, Qt::Orientation 
     for (const QPoint& point : marks.minor) {
         painter->drawLine(point, point + inward(orientation, 3));
     }
+    painter->setLayoutDirection(direction);
 }
 
 void drawRuler(QPainter* painter, const QGraphicsView& view, Qt::Orientation orientation)

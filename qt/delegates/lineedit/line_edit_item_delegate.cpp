@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QPointer>
+#include <QStyle>
 
 #include <utility>
 
@@ -97,6 +98,15 @@ void LineEditItemDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
     }
     // Inside the lines of the grid.
     painter->fillRect(option.rect.adjusted(1, 1, -2, -2), QColor(255, 255, 255, 255));
+}
+
+void LineEditItemDelegate::drawDisplay(QPainter* painter, const QStyleOptionViewItem& option,
+                                       const QRect& rect, const QString& text) const
+{
+    QStyleOptionViewItem own = option;
+    own.displayAlignment = QStyle::visualAlignment(option.direction, option.displayAlignment);
+    own.direction = text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+    QItemDelegate::drawDisplay(painter, own, rect, text);
 }
 
 QWidget* LineEditItemDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem& /*option*/,

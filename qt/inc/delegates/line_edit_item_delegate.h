@@ -64,6 +64,12 @@ public:
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,
                               const QModelIndex& index) const override;
 
+protected:
+    /// Draws the text in its own direction, as the editor shows it: in a right-to-left layout too,
+    /// a number begins with its sign and ends with its unit.
+    void drawDisplay(QPainter* painter, const QStyleOptionViewItem& option, const QRect& rect,
+                     const QString& text) const override;
+
 private Q_SLOTS:
     void commitAndCloseEditor();
     /// Writes the value of the sender and leaves the editor open. For a host that reaches it by

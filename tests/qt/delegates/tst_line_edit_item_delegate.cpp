@@ -116,6 +116,8 @@ private Q_SLOTS:
     void roles();
     void cellsWithoutTypedValue_data();
     void cellsWithoutTypedValue();
+    void rightToLeftLayout_data();
+    void rightToLeftLayout();
     void opensWithAllTextSelected();
     void gestures_data();
     void gestures();
@@ -193,6 +195,40 @@ void LineEditItemDelegateTest::cellsWithoutTypedValue()
             QCOMPARE(QColor(image.pixel(x, y)), QColor(inside ? Qt::white : Qt::magenta));
         }
     }
+}
+
+void LineEditItemDelegateTest::rightToLeftLayout_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::newRow("negative") << "-0.150";
+    QTest::newRow("unit") << "-2.5 kN/m2";
+    QTest::newRow("feet and inches") << "-5' 6 1/2''";
+}
+
+void LineEditItemDelegateTest::rightToLeftLayout()
+{
+    QFETCH(QString, text);
+    Fixture f;
+    f.model.put(0, 0, 1, text);
+    const auto painted = [&f](Qt::LayoutDirection direction, Qt::Alignment alignment) {
+        QStyleOptionViewItem option;
+        option.rect = QRect(0, 0, 160, 30);
+        option.state = QStyle::State_Enabled;
+        option.direction = direction;
+        option.displayAlignment = alignment;
+        QImage image(160, 30, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        painter.setLayoutDirection(direction);
+        f.delegate->paint(&painter, option, f.model.index(0, 0));
+        return image;
+    };
+    const QImage onTheLeft = painted(Qt::LeftToRight, Qt::AlignLeft);
+    const QImage onTheRight = painted(Qt::LeftToRight, Qt::AlignRight);
+    QVERIFY(onTheLeft != onTheRight);
+    // The sides are exchanged, the text is not.
+    QCOMPARE(painted(Qt::RightToLeft, Qt::AlignLeft), onTheRight);
+    QCOMPARE(painted(Qt::RightToLeft, Qt::AlignRight), onTheLeft);
 }
 
 void LineEditItemDelegateTest::opensWithAllTextSelected()

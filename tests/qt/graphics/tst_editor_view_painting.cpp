@@ -4,6 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QPainter>
+#include <QScopeGuard>
 
 #include <functional>
 #include <limits>
@@ -124,6 +125,7 @@ private Q_SLOTS:
     void rulerGoesByTheWidthOfAPixel();
     void rulersDoNotScaleWithTheScene();
     void rulerOfBackwardsRangeIsEmpty();
+    void rulerInARightToLeftLayout();
     void rulerMarkPixels();
     void everythingTogetherInOrder();
     void foregroundIsAboveTheItems();
@@ -510,6 +512,22 @@ void EditorViewPaintingTest::rulerOfBackwardsRangeIsEmpty()
     QCOMPARE(horizontal.pixelColor(100, 5), QColor(Qt::black));
     view.setRulers(true, true);
     QCOMPARE(shot(view), horizontal);
+}
+
+void EditorViewPaintingTest::rulerInARightToLeftLayout()
+{
+    // "-200" is not "200-".
+    EditorView view;
+    ViewStage stage(view);
+    view.setCenter(QPointF(-200, -150), false);
+    const QImage plain = shot(view);
+    view.setRulers(true, true);
+    const QImage expected = shot(view);
+    QVERIFY(differingPixels(expected, plain) > 100);
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    const auto restore = qScopeGuard([] { QApplication::setLayoutDirection(Qt::LeftToRight); });
+    view.setCenter(QPointF(-200, -150), false);
+    QCOMPARE(shot(view), expected);
 }
 
 void EditorViewPaintingTest::rulerMarkPixels()
