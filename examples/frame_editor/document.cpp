@@ -119,7 +119,7 @@ QString Document::replaceMembers(const std::vector<Member>& members, const QStri
     if (members == m_model.members) {
         return QString();
     }
-    const QString reason = refusal(members);
+    QString reason = refusal(members);
     if (reason.isEmpty()) {
         m_undoStack->push(new MembersCommand(*this, members, text));
     }
@@ -145,8 +145,7 @@ QString Document::refusal(const std::vector<Member>& members) const
         for (const MemberProperty& property : memberProperties()) {
             // Whether the name is taken is for the new members to say, not for the old ones.
             const FrameModel& owners = property.kind == PropertyKind::Name ? nobody : m_model;
-            const QString reason =
-                refusalOf(property, property.get(member), owners, static_cast<int>(i));
+            QString reason = refusalOf(property, property.get(member), owners, static_cast<int>(i));
             if (!reason.isEmpty()) {
                 return reason;
             }

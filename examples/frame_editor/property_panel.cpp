@@ -270,7 +270,7 @@ void PropertyPanel::alignColumns()
 
 QString PropertyPanel::withMnemonic(const QString& caption)
 {
-    const QString shown = withoutMnemonic(caption);
+    QString shown = withoutMnemonic(caption);
     for (int i = 0; i < shown.size(); ++i) {
         const QChar letter = shown.at(i).toLower();
         // Letters with an accent are on few keyboards.
