@@ -1,15 +1,13 @@
 #include "qt/inc/controls.h"
 #include "qt/inc/validators.h"
-#include "tests/helpers/active_window.h"
-#include "tests/helpers/checked_test.h"
 #include "tests/helpers/multi_edit_steps.h"
 #include "tests/helpers/number_validator.h"
+#include "tests/helpers/two_fields_test.h"
 #include "tests/helpers/validation.h"
 #include "tests/helpers/word_translator.h"
 
 #include <QSignalSpy>
 #include <QToolButton>
-#include <QVBoxLayout>
 
 #include <boost/make_shared.hpp>
 
@@ -34,7 +32,7 @@ const QString red = QStringLiteral("QLineEdit { color: #e61414; }");
 Q_DECLARE_METATYPE(zel::test::NumberValidator::EmptyText)
 
 /// What becomes of a field whose values differ. It stands above another one in an active window.
-class LineEditMarkerTest : public zel::test::CheckedTest
+class LineEditMarkerTest : public zel::test::TwoFieldsTest
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -56,37 +54,19 @@ private Q_SLOTS:
     void textThatWasNeverValidated();
 
 private:
-    MultiEditLineEdit* add(IValidator* validator);
     void passThrough(MultiEditLineEdit& field);
-
-    std::unique_ptr<QWidget> m_window;
-    MultiEditLineEdit* m_field = nullptr;
-    MultiEditLineEdit* m_other = nullptr;
 };
 
 void LineEditMarkerTest::init()
 {
     CheckedTest::init();
-    m_window = std::make_unique<QWidget>();
-    new QVBoxLayout(m_window.get());
-    m_field = add(new NumberValidator);
-    m_other = add(new NumberValidator);
-    QVERIFY(zel::test::showActive(*m_window));
-    m_other->setFocus();
+    setUpFields();
 }
 
 void LineEditMarkerTest::cleanup()
 {
-    m_window.reset();
+    tearDownFields();
     CheckedTest::cleanup();
-}
-
-MultiEditLineEdit* LineEditMarkerTest::add(IValidator* validator)
-{
-    auto* field = MultiEditLineEdit::create(m_window.get(), QString(), validator, 0, ExpandRight);
-    m_window->layout()->addWidget(field);
-    field->show();
-    return field;
 }
 
 /// Clicks into a field and on another one.

@@ -1,8 +1,7 @@
 #include "qt/inc/controls.h"
-#include "tests/helpers/active_window.h"
-#include "tests/helpers/checked_test.h"
 #include "tests/helpers/multi_edit_steps.h"
 #include "tests/helpers/number_validator.h"
+#include "tests/helpers/two_fields_test.h"
 
 #include <QPushButton>
 #include <QSignalSpy>
@@ -29,7 +28,7 @@ const QString red = QStringLiteral("QLineEdit { color: #e61414; }");
 } // namespace
 
 /// The field under test stands above another one in an active window.
-class MultiEditLineEditTest : public zel::test::CheckedTest
+class MultiEditLineEditTest : public zel::test::TwoFieldsTest
 {
     Q_OBJECT
 private Q_SLOTS:
@@ -58,36 +57,18 @@ private Q_SLOTS:
     void withoutValidator();
 
 private:
-    MultiEditLineEdit* add(IValidator* validator);
-
-    std::unique_ptr<QWidget> m_window;
-    MultiEditLineEdit* m_field = nullptr;
-    MultiEditLineEdit* m_other = nullptr;
 };
 
 void MultiEditLineEditTest::init()
 {
     CheckedTest::init();
-    m_window = std::make_unique<QWidget>();
-    new QVBoxLayout(m_window.get());
-    m_field = add(new NumberValidator);
-    m_other = add(new NumberValidator);
-    QVERIFY(zel::test::showActive(*m_window));
-    m_other->setFocus();
+    setUpFields();
 }
 
 void MultiEditLineEditTest::cleanup()
 {
-    m_window.reset();
+    tearDownFields();
     CheckedTest::cleanup();
-}
-
-MultiEditLineEdit* MultiEditLineEditTest::add(IValidator* validator)
-{
-    auto* field = MultiEditLineEdit::create(m_window.get(), QString(), validator, 0, ExpandRight);
-    m_window->layout()->addWidget(field);
-    field->show();
-    return field;
 }
 
 void MultiEditLineEditTest::isFresh()
