@@ -34,8 +34,8 @@ protected:
     /// A further field below, which takes the validator.
     qt::MultiEditLineEdit* add(qt::IValidator* validator)
     {
-        auto* field = qt::MultiEditLineEdit::create(m_window.get(), QString(), validator, 0,
-                                                    qt::ExpandRight);
+        auto* field =
+            qt::MultiEditLineEdit::create(m_window.get(), QString(), validator, 0, qt::ExpandRight);
         m_window->layout()->addWidget(field);
         field->show();
         return field;
