@@ -179,7 +179,11 @@ void HistoryPopup::showEvent(QShowEvent*)
             m_list->insertItem(m_list->count(), QString::fromStdWString(value));
         }
     }
-    setFixedSize(sizeHint());
+    const QSize size = sizeHint();
+    // The list fills the popup. With its own hint as its largest size it would cut long entries,
+    // and rows in a large font, where the popup has room for them.
+    m_list->setFixedSize(size);
+    setFixedSize(size);
 }
 
 PopupGroup::PopupGroup(QWidget* owner)

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMetaMethod>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
 
@@ -42,6 +43,8 @@ private Q_SLOTS:
     void historyWithoutEntriesIsEmpty_data();
     void historyWithoutEntriesIsEmpty();
     void historyIsAsHighAsItsRows();
+    void listFillsThePopup_data();
+    void listFillsThePopup();
     void historyIsReadAtEachShow();
     void clickGivesTheEntryBack();
     void groupStacksThePopups();
@@ -351,6 +354,41 @@ void PopupsTest::historyIsAsHighAsItsRows()
     }
     m_window->resize(m_window->width() * 2, m_window->height());
     QVERIFY(popup.width() != m_edit->width());
+}
+
+void PopupsTest::listFillsThePopup_data()
+{
+    QTest::addColumn<QString>("widest");
+    QTest::addColumn<int>("pixelSize");
+    QTest::newRow("long entry") << QString(60, QLatin1Char('m')) << 12;
+    QTest::newRow("large font") << "1" << 60;
+    QTest::newRow("small font") << "1" << 8;
+}
+
+void PopupsTest::listFillsThePopup()
+{
+    QFETCH(QString, widest);
+    QFETCH(int, pixelSize);
+    HistoryPopup popup(m_edit);
+    popup.setValueHistory(historyOf({"1", "2", widest, "3", "4", "5"}));
+    auto* list = popup.findChild<QListWidget*>();
+    QFont font = list->font();
+    font.setPixelSize(pixelSize);
+    list->setFont(font);
+    focusEdit();
+    QCOMPARE(popup.size(), popup.sizeHint());
+    QCOMPARE(list->geometry(), popup.rect());
+    for (int row = 0; row < list->count(); ++row) {
+        QVERIFY(list->viewport()->rect().contains(list->visualItemRect(list->item(row))));
+    }
+    QVERIFY(list->viewport()->width() >= list->sizeHintForColumn(0));
+    QCOMPARE(list->verticalScrollBar()->maximum(), 0);
+    QCOMPARE(list->horizontalScrollBar()->maximum(), 0);
+
+    popup.setValueHistory(historyOf({}));
+    m_other->setFocus();
+    focusEdit();
+    QCOMPARE(popup.size(), QSize(0, 0));
 }
 
 void PopupsTest::historyIsReadAtEachShow()
