@@ -70,6 +70,15 @@ private:
     std::mt19937_64 m_random;
 };
 
+class BlankThousands : public CommaNumbers
+{
+protected:
+    wchar_t do_thousands_sep() const override
+    {
+        return L' ';
+    }
+};
+
 } // namespace
 
 class NumberTextTest : public zel::test::CheckedTest
@@ -80,6 +89,8 @@ private Q_SLOTS:
     void parsesNumbers();
     void parsesNumbersOfAnotherLocale_data();
     void parsesNumbersOfAnotherLocale();
+    void blanksBehindTheWholePartAreReadWithIt_data();
+    void blanksBehindTheWholePartAreReadWithIt();
     void numbersAreReadAsByAStream_data();
     void numbersAreReadAsByAStream();
     void negativeZeroKeepsItsSign();
@@ -183,6 +194,27 @@ void NumberTextTest::parsesNumbersOfAnotherLocale()
     QFETCH(QString, text);
     QFETCH(double, number);
     const auto parsed = parseNumber(text.toStdWString(), CommaNumbers::locale());
+    QVERIFY(parsed.has_value());
+    QCOMPARE(*parsed, number);
+}
+
+void NumberTextTest::blanksBehindTheWholePartAreReadWithIt_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<double>("number");
+    QTest::newRow("one blank") << "9 3/4" << 9.75;
+    QTest::newRow("two blanks are no number of this locale") << "9  3/4" << 0.75;
+    QTest::newRow("another blank") << "9\t\t3/4" << 9.75;
+    QTest::newRow("thousands") << "1234 3/4" << 1234.75;
+}
+
+/// In a locale that writes a blank between thousands.
+void NumberTextTest::blanksBehindTheWholePartAreReadWithIt()
+{
+    QFETCH(QString, text);
+    QFETCH(double, number);
+    const std::locale locale(std::locale::classic(), new BlankThousands);
+    const auto parsed = parseNumber(text.toStdWString(), locale);
     QVERIFY(parsed.has_value());
     QCOMPARE(*parsed, number);
 }

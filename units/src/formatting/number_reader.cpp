@@ -102,7 +102,7 @@ private:
 struct MixedFraction
 {
     bool negative;
-    std::wstring_view whole; ///< empty if there is none
+    std::wstring_view whole; ///< with the blanks behind it; empty if there is none
     std::wstring_view numerator;
     std::wstring_view denominator;
 };
@@ -120,7 +120,8 @@ boost::optional<MixedFraction> splitMixedFraction(std::wstring_view text)
     i = skipDigits(text, i);
     const std::size_t afterBlanks = skipBlanks(text, i);
     if (i > start && afterBlanks > i) {
-        parts.whole = text.substr(start, i - start);
+        // A blank may be what the locale writes between thousands, so the stream is to see them.
+        parts.whole = text.substr(start, afterBlanks - start);
         i = afterBlanks;
     } else if (i > start) {
         i = start;
