@@ -2,7 +2,9 @@
 #include "units/inc/units.h"
 
 #include <cstring>
+#include <memory>
 #include <string>
+#include <utility>
 
 using namespace zel::units::v1;
 
@@ -22,6 +24,7 @@ private Q_SLOTS:
     void labelOverridesAreShown();
     void hostReplacesAllThree();
     void emptyFunctionsAreTheDefault();
+    void functionsMayReplaceTheLibraryWhileTheyRun();
 };
 
 namespace {
@@ -179,6 +182,35 @@ void UnitLibraryTest::emptyFunctionsAreTheDefault()
     QCOMPARE(zel_get_unit_decimals(1001, 1), 9);
     QCOMPARE(zel_get_unitd(16, 1), 0.001);
     QCOMPARE(labelOf(16), QStringLiteral("mm"));
+}
+
+void UnitLibraryTest::functionsMayReplaceTheLibraryWhileTheyRun()
+{
+    static std::weak_ptr<int> held; // not of the function, which may be gone
+    static int alive;
+    alive = 0;
+    const auto replacing = [] {
+        auto own = std::make_shared<int>(7);
+        held = own;
+        return [own](auto...) {
+            set_unit_library({});
+            alive += held.expired() ? 0 : 1;
+            return 7;
+        };
+    };
+    UnitLibrary host;
+    host.unitd = replacing();
+    set_unit_library(std::exchange(host, {}));
+    zel_get_unitd(1001, 1);
+    host.decimals = replacing();
+    set_unit_library(std::exchange(host, {}));
+    zel_get_unit_decimals(1001, 1);
+    host.label = replacing();
+    set_unit_library(std::exchange(host, {}));
+    char buffer[32] = {};
+    zel_get_unit_label(1001, 1, buffer, 31);
+    QCOMPARE(alive, 3);
+    QCOMPARE(zel_get_unitd(16, 1), 0.001);
 }
 
 QTEST_GUILESS_MAIN(UnitLibraryTest)

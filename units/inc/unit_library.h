@@ -23,7 +23,7 @@ struct UnitLibrary
 };
 
 /// Replaces the three functions and returns the previous ones, which are empty where the default
-/// was in force.
+/// was in force. One of the three may call this while it runs.
 ZEL_UNITS_EXPORT UnitLibrary set_unit_library(UnitLibrary library);
 
 } // namespace zel::units::v1

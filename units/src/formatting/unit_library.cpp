@@ -81,21 +81,23 @@ UnitLibrary set_unit_library(UnitLibrary library)
 
 } // namespace zel::units::v1
 
+// Each calls a copy, so that a host's function may replace the library while it runs.
+
 double zel_get_unitd(int unit, int mode)
 {
-    const auto& unitd = zel::units::v1::replacement().unitd;
+    const auto unitd = zel::units::v1::replacement().unitd;
     return unitd ? unitd(unit, mode) : zel::units::v1::defaultUnitd(unit);
 }
 
 int zel_get_unit_decimals(int unit, int mode)
 {
-    const auto& decimals = zel::units::v1::replacement().decimals;
+    const auto decimals = zel::units::v1::replacement().decimals;
     return decimals ? decimals(unit, mode) : zel::units::v1::defaultDecimals(unit);
 }
 
 int zel_get_unit_label(int unit, int mode, char* buffer, int size)
 {
-    const auto& label = zel::units::v1::replacement().label;
+    const auto label = zel::units::v1::replacement().label;
     return label ? label(unit, mode, buffer, size)
                  : zel::units::v1::defaultLabel(unit, buffer, size);
 }
