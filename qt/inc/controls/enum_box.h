@@ -87,7 +87,8 @@ public Q_SLOTS:
     /// Switches editable mode on or off.
     /// @param validator turns a typed text into a value and back. Each call replaces it, but a line
     ///        edit that is there already goes on colouring and normalising by the one it was made
-    ///        with. Null refuses all text that is no name.
+    ///        with. Null refuses all text that is no name. The name of an entry is not normalised,
+    ///        also where the validator would take it for a value.
     void setEditable(bool editable, IValidator::pointer validator = IValidator::pointer());
     /// Adds a widget behind the combo box; the box owns it from then on. Null reports the assertion
     /// "w".

@@ -2,6 +2,7 @@
 
 #include "platform/smart_assert.h"
 #include "qt/inc/controls/multi_edit_line_edit.h"
+#include "qt/inc/validators/forward_validator.h"
 #include "qt/src/controls/accessible_description.h"
 #include "qt/src/controls/fixed_colors.h"
 
@@ -11,9 +12,54 @@
 #include <QLineEdit>
 #include <QPixmap>
 
+#include <boost/make_shared.hpp>
+
+#include <functional>
 #include <utility>
 
 namespace zel::qt {
+namespace {
+
+/// Keeps the name of an entry from being normalised at the end of editing. The entry "1" with the
+/// value of a load case would otherwise turn into the number 1.000 as the user passes through.
+class NameKeepingValidator : public ForwardValidator
+{
+public:
+    NameKeepingValidator(const boost::shared_ptr<IValidator>& validator,
+                         std::function<bool(const QString&)> isName)
+        : ForwardValidator(validator)
+        , m_isName(std::move(isName))
+    {
+        setEditHintFunction(
+            [validator](const QString& text) { return validator->getEditHint(text); });
+    }
+
+    bool validateWhenFinished(const QString& text, boost::any& value,
+                              const std::bitset<32>& flags) override
+    {
+        const bool accepted = ForwardValidator::validateWhenFinished(text, value, flags);
+        if (accepted && m_isName(text)) {
+            value = Name{text};
+        }
+        return accepted;
+    }
+
+    QString reformat(const boost::any& value, const std::bitset<32>& flags) override
+    {
+        const Name* name = boost::any_cast<Name>(&value);
+        return name != nullptr ? name->text : ForwardValidator::reformat(value, flags);
+    }
+
+private:
+    struct Name
+    {
+        QString text;
+    };
+
+    std::function<bool(const QString&)> m_isName;
+};
+
+} // namespace
 
 SimpleEnumBox* SimpleEnumBox::create(QWidget* parent, const QString& label,
                                      bool (*const& eq)(const boost::any&, const boost::any&))
@@ -251,7 +297,12 @@ void SimpleEnumBox::setEditable(bool editable, IValidator::pointer validator)
         return;
     }
     if (!m_edit) {
-        m_edit = MultiEditLineEdit::create(parentWidget(), QString(), m_validator, 0, ExpandRight);
+        IValidator::pointer ofEdit;
+        if (m_validator != nullptr) {
+            const auto isName = [this](const QString& text) { return findEntry(text) != nullptr; };
+            ofEdit = boost::make_shared<NameKeepingValidator>(m_validator, isName);
+        }
+        m_edit = MultiEditLineEdit::create(parentWidget(), QString(), ofEdit, 0, ExpandRight);
         // Only its inner edit is to be seen, inside the combo box.
         m_edit->hide();
         m_edit->edit().setAccessibleName(m_combo->accessibleName());

@@ -82,6 +82,8 @@ private Q_SLOTS:
     void nameForAStranger();
     void typingAndLeavingEmitsOnce();
     void leavingWithANameEmitsNothing();
+    void leavingKeepsANameThatIsANumber_data();
+    void leavingKeepsANameThatIsANumber();
     void returnCommits();
     void returnOnANameActivatesIt();
     void invalidTextIsRedAndEmpty();
@@ -259,6 +261,44 @@ void EnumBoxEditableTest::leavingWithANameEmitsNothing()
     f.edit()->setText("none");
     QVERIFY(QMetaObject::invokeMethod(f.box, "onEditingFinished"));
     QCOMPARE(f.changed.count(), 1);
+}
+
+void EnumBoxEditableTest::leavingKeepsANameThatIsANumber_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<int>("signalCount");
+    QTest::newRow("passed through") << QString() << "10"
+                                    << "70" << 0;
+    QTest::newRow("the name typed") << "10"
+                                    << "10"
+                                    << "70" << 0;
+    QTest::newRow("the number typed") << "10.0"
+                                      << "10.000"
+                                      << "10" << 1;
+}
+
+void EnumBoxEditableTest::leavingKeepsANameThatIsANumber()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, shown);
+    QFETCH(QString, value);
+    QFETCH(int, signalCount);
+    Multi f;
+    f.box->setValues({{"half", 0.5}, {"10", 70.0}});
+    f.box->readValue(boost::any(70.0));
+    QVERIFY(zel::test::showActive(f.window));
+    f.box->setFocus();
+    if (!typed.isEmpty()) {
+        f.type(typed);
+    }
+    f.changed.clear();
+    QTest::keyClick(f.window.windowHandle(), Qt::Key_Tab);
+    QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(f.other));
+    QCOMPARE(f.edit()->text(), shown);
+    QCOMPARE(told(f.box->getCurrentValue()), value);
+    QCOMPARE(f.changed.count(), signalCount);
 }
 
 void EnumBoxEditableTest::returnCommits()
