@@ -3,6 +3,7 @@
 #include "platform/export.h"
 #include "qt/inc/controls/expand_direction.h"
 
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 
@@ -27,7 +28,9 @@ namespace zel::qt {
 /// - `fn` runs at each click, an empty one does nothing. A std::exception that leaves it is shown
 ///   to the user in a warning box and ends there; anything else that is thrown passes through.
 /// - `mask` has a bit for each group that the button belongs to; 0 keeps it out of all;
-/// - the toolbar owns the button, which is deleted by clear() or with the toolbar.
+/// - the toolbar owns the button, which is deleted by clear() or with the toolbar. A host may
+/// delete
+///   it earlier.
 class ZEL_QT_EXPORT Toolbar : public QWidget
 {
     Q_OBJECT
@@ -79,7 +82,7 @@ private:
     struct ToolbarEntry
     {
         unsigned int mask;
-        QPushButton* button;
+        QPointer<QPushButton> button;
         boost::function<void()> fn;
     };
 

@@ -116,7 +116,7 @@ void Toolbar::addStretch(int stretch)
 void Toolbar::setButtonsEnabled(bool enabled, unsigned int mask)
 {
     for (const auto& [key, entry] : m_buttons) {
-        if ((entry.mask & mask) != 0) {
+        if ((entry.mask & mask) != 0 && entry.button) {
             entry.button->setEnabled(enabled);
         }
     }
@@ -125,7 +125,7 @@ void Toolbar::setButtonsEnabled(bool enabled, unsigned int mask)
 void Toolbar::clear()
 {
     for (const auto& [key, entry] : m_buttons) {
-        delete entry.button;
+        delete entry.button.data();
     }
     m_buttons.clear();
 }

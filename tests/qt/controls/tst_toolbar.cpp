@@ -109,6 +109,7 @@ private Q_SLOTS:
     void spacingAndStretch_data();
     void spacingAndStretch();
     void clearDeletesButtonsOnly();
+    void hostMayDeleteAButton();
     void actionMayClearTheToolbar();
     void actionMayDeleteTheToolbar();
     void strangersAreIgnored();
@@ -406,6 +407,21 @@ void ToolbarTest::clearDeletesButtonsOnly()
     bar.toolbar.clear();
     bar.add("z", 1)->click();
     QCOMPARE(bar.runs, 1);
+}
+
+void ToolbarTest::hostMayDeleteAButton()
+{
+    Bar bar;
+    const QPointer<QPushButton> other = bar.add("y", 1);
+    delete bar.add("x", 1);
+    // As a rule it gets the memory of the deleted button.
+    const QPointer<QPushButton> stranger = new QPushButton(&bar.toolbar);
+    bar.toolbar.setButtonsEnabled(false, 1);
+    QVERIFY(!other->isEnabled());
+    QVERIFY(stranger->isEnabled());
+    bar.toolbar.clear();
+    QVERIFY(other.isNull());
+    QVERIFY(!stranger.isNull());
 }
 
 void ToolbarTest::actionMayClearTheToolbar()
