@@ -58,6 +58,7 @@ private Q_SLOTS:
     void forceVariesIsSilentAndPartial();
     void forceVariesRestoresTheBlockingState();
     void clickOnVaryingGivesTrue();
+    void listenerMayMakeItVaryAgain();
     void setCheckedFromVarying_data();
     void setCheckedFromVarying();
     void suspendedSignalStaysSilent();
@@ -194,6 +195,20 @@ void CheckBoxTest::clickOnVaryingGivesTrue()
     QCOMPARE(box.inner->checkState(), Qt::Unchecked);
     box.click();
     QCOMPARE(box.inner->checkState(), Qt::Checked);
+}
+
+void CheckBoxTest::listenerMayMakeItVaryAgain()
+{
+    Box box;
+    connect(box.control, &MultiEditCheckBox::valueChanged, [&] { box.control->forceVaries(); });
+    for (int click = 1; click <= 2; ++click) {
+        box.click();
+        QCOMPARE(box.changed.count(), click);
+        QVERIFY(box.control->dataVaries());
+        QVERIFY(box.control->getCurrentValue().empty());
+        QCOMPARE(box.inner->checkState(), Qt::PartiallyChecked);
+        QVERIFY(box.inner->isTristate());
+    }
 }
 
 void CheckBoxTest::setCheckedFromVarying_data()

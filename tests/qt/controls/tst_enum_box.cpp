@@ -112,6 +112,7 @@ private Q_SLOTS:
     void stepsLeaveTheVaryingState();
     void nextDoesNotLeaveTheVaryingState();
     void variesItemStaysUntilReset();
+    void varyingBoxRefilled();
     void choosingTheVariesItemDecidesNothing_data();
     void choosingTheVariesItemDecidesNothing();
     void varyingBoxHasNoSelectedValue();
@@ -631,6 +632,25 @@ void EnumBoxTest::variesItemStaysUntilReset()
     QCOMPARE(f.changed.count(), 0);
     f.box->readValue(boost::any(3));
     QCOMPARE(intOf(f.box->getCurrentValue()), 3);
+}
+
+void EnumBoxTest::varyingBoxRefilled()
+{
+    Multi f;
+    f.box->forceVaries();
+    f.box->setValues({{"x", 7}, {"y", 8}});
+    QCOMPARE(f.changed.count(), 0);
+    QVERIFY(!f.hasVarious());
+    QCOMPARE(f.combo->currentIndex(), 0);
+    // New entries decide nothing.
+    QVERIFY(f.box->dataVaries());
+    QVERIFY(f.box->getCurrentValue().empty());
+    f.box->reset();
+    QCOMPARE(f.combo->count(), 2);
+    f.box->readValue(boost::any(8));
+    f.box->readValue(boost::any(7));
+    QVERIFY(f.hasVarious());
+    QCOMPARE(f.combo->currentIndex(), 2);
 }
 
 void EnumBoxTest::choosingTheVariesItemDecidesNothing_data()

@@ -280,6 +280,13 @@ void RadioButtonGroupTest::laterOfTwoEquivalentValuesWins()
     QCOMPARE(group.shown(), QStringLiteral("--x"));
     group.click(1);
     QCOMPARE(group.current(), 2);
+    // Only the button of the value is meant here as well.
+    group.control->setValuesEnabled(false);
+    QVERIFY(group.buttons[1]->isEnabled());
+    QVERIFY(!group.buttons[2]->isEnabled());
+    // Varying unchecks both.
+    group.control->forceVaries();
+    QCOMPARE(group.shown(), QStringLiteral("---"));
 }
 
 void RadioButtonGroupTest::emptyOrderingThrows()
@@ -481,7 +488,12 @@ void RadioButtonGroupTest::resetEnables()
     Group group(false);
     group.control->setEnabled(false);
     group.buttons[2]->setAutoExclusive(false);
+    // A listener is told before, while the group is still disabled.
+    bool enabledWhenTold = true;
+    connect(group.control, &MultiEditRadioButtonGroup::valueChanged,
+            [&] { enabledWhenTold = group.control->isEnabled(); });
     group.control->reset();
+    QVERIFY(!enabledWhenTold);
     QVERIFY(group.control->isEnabled());
     QVERIFY(group.buttons[2]->autoExclusive());
 }
