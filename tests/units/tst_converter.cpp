@@ -19,6 +19,7 @@ private Q_SLOTS:
     void canConvertAsksBothSides();
     void setsConvertToTheirUnitsAlone();
     void setThatIsConvertedFromDecides();
+    void answersMayShareOneVector();
     void incompatibleUnitsAreReportedAndThrown();
     void multipliesByTheReciprocal();
     void fromBaseDivides();
@@ -150,6 +151,32 @@ void ConverterTest::setThatIsConvertedFromDecides()
     QVERIFY(!converter.can_convert(UnitId(1001), UnitId(1000)));
     QVERIFY(converter.can_convert(UnitId(13), UnitId(1000)));
     QVERIFY(!converter.can_convert(UnitId(16), UnitId(1000)));
+}
+
+/// A provider of the host's, which writes every answer into the same vector.
+class OneVector : public ZelUnitProvider
+{
+public:
+    const std::vector<UnitId>& get_set_units(UnitId id) const override
+    {
+        m_answer = ZelUnitProvider::get_set_units(id);
+        return m_answer;
+    }
+
+private:
+    mutable std::vector<UnitId> m_answer;
+};
+
+void ConverterTest::answersMayShareOneVector()
+{
+    OneVector units;
+    Converter converter;
+    converter.set_unit_provider(&units);
+    QVERIFY(converter.can_convert(UnitId(1001), UnitId(13)));
+    QVERIFY(!converter.can_convert(UnitId(1001), UnitId(14)));
+    QVERIFY(converter.can_convert(UnitId(13), UnitId(1001)));
+    QVERIFY(!converter.can_convert(UnitId(1001), UnitId(1000)));
+    QCOMPARE(converter.convert({UnitId(1001), 5.0}, UnitId(13)).value, 5.0);
 }
 
 void ConverterTest::incompatibleUnitsAreReportedAndThrown()

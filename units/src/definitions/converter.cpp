@@ -7,6 +7,14 @@
 #include <vector>
 
 namespace zel::units::v1 {
+namespace {
+
+bool contains(const std::vector<UnitId>& units, UnitId unit)
+{
+    return std::find(units.begin(), units.end(), unit) != units.end();
+}
+
+} // namespace
 
 IConverter::~IConverter() = default;
 
@@ -29,13 +37,16 @@ bool Converter::can_convert(UnitId from, UnitId to) const
     if (from == to) {
         return true;
     }
+    // Each list is done with before the next question: a provider may answer from one vector.
     const std::vector<UnitId>& fromUnits = units.get_set_units(from);
+    const bool fromIsSet = !fromUnits.empty();
+    const bool fromAllows = contains(fromUnits, to);
     const std::vector<UnitId>& toUnits = units.get_set_units(to);
-    if (!fromUnits.empty()) {
-        return std::find(fromUnits.begin(), fromUnits.end(), to) != fromUnits.end();
+    if (fromIsSet) {
+        return fromAllows;
     }
     if (!toUnits.empty()) {
-        return std::find(toUnits.begin(), toUnits.end(), from) != toUnits.end();
+        return contains(toUnits, from);
     }
     return units.get_dimension(to) == units.get_dimension(from);
 }
