@@ -79,6 +79,18 @@ protected:
     }
 };
 
+class NumbersInDozens : public std::num_get<wchar_t>
+{
+protected:
+    iter_type do_get(iter_type begin, iter_type end, std::ios_base& stream,
+                     std::ios_base::iostate& state, double& number) const override
+    {
+        const iter_type behind = std::num_get<wchar_t>::do_get(begin, end, stream, state, number);
+        number *= 12;
+        return behind;
+    }
+};
+
 } // namespace
 
 class NumberTextTest : public zel::test::CheckedTest
@@ -93,6 +105,7 @@ private Q_SLOTS:
     void blanksBehindTheWholePartAreReadWithIt();
     void numbersAreReadAsByAStream_data();
     void numbersAreReadAsByAStream();
+    void localeReadsNumbersItself();
     void negativeZeroKeepsItsSign();
     void formatsFractions_data();
     void formatsFractions();
@@ -245,6 +258,14 @@ void NumberTextTest::numbersAreReadAsByAStream()
                                 .arg(QString::fromStdWString(text),
                                      numberText(actual.value_or(-4711.0)), numberText(expected))));
     }
+}
+
+/// Not just what its number format tells decides.
+void NumberTextTest::localeReadsNumbersItself()
+{
+    const std::locale locale(std::locale::classic(), new NumbersInDozens);
+    QCOMPARE(parseNumber(L"2.5", locale).value(), 30.0);
+    QCOMPARE(parseNumber(L"1 3/4", locale).value(), 12.75);
 }
 
 void NumberTextTest::negativeZeroKeepsItsSign()

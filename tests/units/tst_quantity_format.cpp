@@ -5,9 +5,11 @@
 #include "tests/units/reference/stream_formatter.h"
 #include "units/inc/units.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstring>
 #include <limits>
+#include <locale>
 #include <random>
 #include <vector>
 
@@ -15,6 +17,8 @@ using namespace zel::units::v1;
 using zel::test::CommaNumbers;
 using zel::test::numberText;
 namespace reference = zel::test::reference;
+
+Q_DECLARE_METATYPE(std::locale)
 
 namespace {
 
@@ -85,6 +89,23 @@ private:
     std::mt19937_64 m_random;
 };
 
+/// Digits of another script. Points and thousands are those of the classic locale, so they do not
+/// give this locale away.
+class OwnDigits : public std::ctype<wchar_t>
+{
+protected:
+    wchar_t do_widen(char c) const override
+    {
+        return c >= '0' && c <= '9' ? static_cast<wchar_t>(L'\u0660' + (c - '0'))
+                                    : std::ctype<wchar_t>::do_widen(c);
+    }
+    const char* do_widen(const char* begin, const char* end, wchar_t* out) const override
+    {
+        std::transform(begin, end, out, [this](char c) { return do_widen(c); });
+        return end;
+    }
+};
+
 } // namespace
 
 /// What the library writes, held against the streams that define it.
@@ -101,22 +122,16 @@ private Q_SLOTS:
 
 private:
     static void addLocales();
-    /// The locale of the row.
-    static std::locale rowLocale();
 };
 
 void QuantityFormatTest::addLocales()
 {
-    QTest::addColumn<bool>("classic");
+    QTest::addColumn<std::locale>("locale");
     QTest::addColumn<int>("count");
-    QTest::newRow("classic locale") << true << valueCount;
-    QTest::newRow("locale with comma and thousands") << false << valueCount / 10;
-}
-
-std::locale QuantityFormatTest::rowLocale()
-{
-    QFETCH(bool, classic);
-    return classic ? std::locale::classic() : CommaNumbers::locale();
+    QTest::newRow("classic locale") << std::locale::classic() << valueCount;
+    QTest::newRow("locale with comma and thousands") << CommaNumbers::locale() << valueCount / 10;
+    QTest::newRow("locale with digits of its own")
+        << std::locale(std::locale::classic(), new OwnDigits) << valueCount / 10;
 }
 
 void QuantityFormatTest::numbersOfAllKinds_data()
@@ -127,7 +142,7 @@ void QuantityFormatTest::numbersOfAllKinds_data()
 void QuantityFormatTest::numbersOfAllKinds()
 {
     QFETCH(int, count);
-    const std::locale locale = rowLocale();
+    QFETCH(std::locale, locale);
     NumberGenerator numbers(std::random_device{}());
     const UnitId length = UnitId(1001);
     std::vector<Context> contexts;
@@ -162,7 +177,7 @@ void QuantityFormatTest::fractionsOfAllKinds_data()
 void QuantityFormatTest::fractionsOfAllKinds()
 {
     QFETCH(int, count);
-    const std::locale locale = rowLocale();
+    QFETCH(std::locale, locale);
     NumberGenerator numbers(std::random_device{}());
     for (int i = 0; i < count; ++i) {
         const double value = numbers.next();
@@ -191,7 +206,7 @@ void QuantityFormatTest::allUnitSetsInAllColumns_data()
 
 void QuantityFormatTest::allUnitSetsInAllColumns()
 {
-    const std::locale locale = rowLocale();
+    QFETCH(std::locale, locale);
     NumberGenerator numbers(std::random_device{}());
     const ZelUnitProvider units;
     int written = 0;
