@@ -149,6 +149,9 @@ private:
         if (!field) {
             throw RunError(QObject::tr("the form has no field for \"%1\"").arg(property->id));
         }
+        if (!field->applies()) {
+            throw RunError(QStringLiteral("%1: %2").arg(property->label, noSuchValue()));
+        }
         if (!field->editor()->isEnabled()) {
             // A group that is off; the box itself can always be decided.
             if (property->kind != PropertyKind::Flag) {

@@ -201,6 +201,11 @@ bool appliesTo(const MemberProperty& property, const Member& member)
     return member.kind != MemberKind::Link || property.isForLinks;
 }
 
+QString noSuchValue()
+{
+    return QObject::tr("a rigid link has no such value");
+}
+
 QString refusalOf(const MemberProperty& property, const PropertyValue& value,
                   const FrameModel& model, int member)
 {

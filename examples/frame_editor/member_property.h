@@ -67,6 +67,9 @@ const MemberProperty* findMemberProperty(const QString& id);
 /// not count is kept all the same.
 bool appliesTo(const MemberProperty& property, const Member& member);
 
+/// Why a property that does not apply to a member gets no value there.
+QString noSuchValue();
+
 /// Why `value` cannot stand in a member of this model, or an empty text. `member` is the index of
 /// the member that is to get it.
 QString refusalOf(const MemberProperty& property, const PropertyValue& value,

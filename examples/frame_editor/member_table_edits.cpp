@@ -89,7 +89,7 @@ void MemberEdits::set(int row, int column, const PropertyValue& value)
     const auto index = static_cast<std::size_t>(row);
     const MemberColumn& target = memberColumn(column);
     if (!target.appliesTo(m_members[index])) {
-        refuse(row, column, QObject::tr("a rigid link has no such value"));
+        refuse(row, column, noSuchValue());
         return;
     }
     // What is there already may stay, whatever the limits are.

@@ -20,4 +20,9 @@ QSet<QChar> MenuTitles::letters() const
     return letters;
 }
 
+QString withoutMnemonic(const QString& text)
+{
+    return QString(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
+
 } // namespace frame_editor

@@ -19,4 +19,7 @@ struct MenuTitles
     QSet<QChar> letters() const;
 };
 
+/// A text with its ampersands, which menus, captions and titles else take for the mark of a letter.
+QString withoutMnemonic(const QString& text);
+
 } // namespace frame_editor

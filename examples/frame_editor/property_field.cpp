@@ -9,6 +9,7 @@
 #include "qt/inc/controls.h"
 
 #include <QComboBox>
+#include <QGroupBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
@@ -113,17 +114,43 @@ void PropertyField::watchEditor()
         zel::ValueHistory::create(historyName.toStdWString(), key.toStdWString()));
 }
 
+void PropertyField::setCaption(QWidget* caption)
+{
+    m_caption = caption;
+}
+
+bool PropertyField::applies() const
+{
+    return !m_members.isEmpty();
+}
+
+QVector<int> PropertyField::having(const QVector<int>& members) const
+{
+    QVector<int> result;
+    for (const int index : members) {
+        if (appliesTo(m_property, m_document.model().members.at(static_cast<std::size_t>(index)))) {
+            result << index;
+        }
+    }
+    return result;
+}
+
 void PropertyField::load(const QVector<int>& members)
 {
     const QScopedValueRollback<bool> loading(m_loading, true);
-    m_members = members;
+    m_selected = members;
+    m_members = having(members);
     m_typed.reset();
     if (!m_editor.editor) {
         return;
     }
+    if (!applies() && !isSwitchedByGroup()) {
+        // The focus goes first: on its way it would fill the field again.
+        m_editor.editor->setEnabled(m_selected.isEmpty());
+    }
     showNothingTyped();
     std::set<QString> texts;
-    for (const int index : members) {
+    for (const int index : qAsConst(m_members)) {
         const PropertyValue value =
             m_property.get(m_document.model().members.at(static_cast<std::size_t>(index)));
         texts.insert(displayText(m_display, value));
@@ -131,10 +158,16 @@ void PropertyField::load(const QVector<int>& members)
     // What the user reads is what differs or not: two numbers behind one text are one to him.
     if (texts.size() > 1) {
         m_editor.forceVaries();
-    } else if (!members.isEmpty()) {
-        const auto first = static_cast<std::size_t>(members.first());
+    } else if (!m_members.isEmpty()) {
+        const auto first = static_cast<std::size_t>(m_members.first());
         m_editor.setValue(
             toEditorValue(m_display, m_property.get(m_document.model().members.at(first))));
+    } else {
+        showNoValue();
+    }
+    showWhetherItApplies();
+    if (m_lineEdit && !m_lineEdit->edit().hasFocus()) {
+        m_lineEdit->edit().setCursorPosition(0); // a long text is read from its beginning
     }
     m_shown = m_typedInto ? m_typedInto->text() : QString();
 }
@@ -160,6 +193,48 @@ void PropertyField::showNothingTyped()
             edit->setStyleSheet(QString());
         }
     }
+}
+
+/// After showNothingTyped(): a check box and a group are off by now.
+void PropertyField::showNoValue()
+{
+    if (m_lineEdit) {
+        m_lineEdit->edit().clear();
+    } else if (dynamic_cast<zel::qt::MultiEditRadioButtonGroup*>(m_editor.editor)) {
+        m_editor.forceVaries(); // no button is chosen
+    }
+    const QList<QComboBox*> combos = m_editor.editor->findChildren<QComboBox*>();
+    for (QComboBox* combo : combos) {
+        combo->setCurrentIndex(-1);
+    }
+}
+
+void PropertyField::showWhetherItApplies()
+{
+    const bool isHere = m_selected.isEmpty() || applies();
+    if (!isSwitchedByGroup()) {
+        // A group that varies is disabled until it is decided.
+        const bool isSwitch = dynamic_cast<zel::qt::MultiEditGroupBox*>(m_editor.editor) != nullptr;
+        m_editor.editor->setEnabled(isHere && !(isSwitch && varies()));
+        if (m_caption) {
+            m_caption->setEnabled(isHere);
+        }
+    }
+    QWidget* focus =
+        m_editor.editor->focusProxy() ? m_editor.editor->focusProxy() : m_editor.editor;
+    const QString reason = tr("A rigid link has no such value");
+    focus->setToolTip(isHere ? limitsText() : reason);
+    if (!isHere) {
+        focus->setAccessibleDescription(reason);
+    }
+}
+
+/// Such a field is enabled and disabled by its group, which is itself disabled where it does not
+/// apply.
+bool PropertyField::isSwitchedByGroup() const
+{
+    const auto* group = qobject_cast<QGroupBox*>(m_editor.editor->parentWidget());
+    return group && group->isCheckable();
 }
 
 void PropertyField::choose(const PropertyValue& value)
@@ -265,12 +340,17 @@ FieldOutcome PropertyField::commitChoice()
 
 FieldOutcome PropertyField::write(const PropertyValue& value)
 {
+    // A text can outlive a change of the members that it was typed for.
+    const QVector<int> members = having(m_selected);
+    if (members.isEmpty()) {
+        return refuse(noSuchValue());
+    }
     std::vector<MemberChange> changes;
-    for (const int member : qAsConst(m_members)) {
+    for (const int member : members) {
         changes.push_back({member, value});
     }
     bool differs = false;
-    for (const int member : qAsConst(m_members)) {
+    for (const int member : members) {
         const auto index = static_cast<std::size_t>(member);
         differs = differs || m_property.get(m_document.model().members.at(index)) != value;
     }
@@ -344,7 +424,7 @@ bool PropertyField::eventFilter(QObject* watched, QEvent* event)
     }
     if (event->type() == QEvent::KeyPress && isPending() &&
         static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        load(m_members);
+        load(m_selected);
         return true;
     }
     return QObject::eventFilter(watched, event);

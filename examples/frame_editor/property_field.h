@@ -59,8 +59,14 @@ public:
     /// The line edit of a field that is typed into, null for a choice.
     zel::qt::MultiEditLineEdit* lineEdit() const;
 
-    /// Shows the property of some members and forgets what was typed.
+    /// Tells the field of the caption beside it, which is grey when the editor is.
+    void setCaption(QWidget* caption);
+
+    /// Shows the property of some members and forgets what was typed. Members that do not have the
+    /// property do not count; if none of them has it, the field is empty and disabled.
     void load(const QVector<int>& members);
+    /// Whether one of the members that are shown has the property.
+    bool applies() const;
 
     /// Gives the members a value as if the user had chosen it, for a group box, which is disabled
     /// while its members differ.
@@ -87,6 +93,10 @@ Q_SIGNALS:
 private:
     void watchEditor();
     void showNothingTyped();
+    void showNoValue();
+    void showWhetherItApplies();
+    bool isSwitchedByGroup() const;
+    QVector<int> having(const QVector<int>& members) const;
     void onValueChanged();
     FieldOutcome commitText();
     QString refusalOfText(const QString& text) const;
@@ -104,7 +114,9 @@ private:
     QLineEdit* m_typedInto = nullptr;   ///< of the line edit, or of a choice that can be typed
     QuantityEdit* m_quantity = nullptr; ///< null for what is no quantity
     std::unique_ptr<zel::qt::OnValueChangedHook> m_hook;
-    QVector<int> m_members;
+    QWidget* m_caption = nullptr; ///< null for an editor that bears its caption itself
+    QVector<int> m_selected;
+    QVector<int> m_members;         ///< of those that are selected, the ones with the property
     QString m_shown;                ///< the text that the field showed when it was loaded
     std::optional<QString> m_typed; ///< what the user made of it, if he typed
     FieldOutcome m_outcome;

@@ -5,6 +5,7 @@
 #include "examples/frame_editor/form_editors.h"
 #include "examples/frame_editor/member_selection.h"
 #include "examples/frame_editor/menu_titles.h"
+#include "examples/frame_editor/name_list.h"
 #include "examples/frame_editor/unit_settings.h"
 
 #include "qt/inc/controls.h"
@@ -34,13 +35,6 @@ HintTree groupHints(const QString& caption)
     hints.put_child("editor", HintTree(boost::any(std::string("group"))));
     hints.put_child("label", HintTree(boost::any(caption.toStdString())));
     return hints;
-}
-
-/// A text of a form with its ampersands, which captions and titles else take for the mark of a
-/// shortcut.
-QString withoutMnemonic(const QString& text)
-{
-    return QString(text).replace(QLatin1Char('&'), QStringLiteral("&&"));
 }
 
 } // namespace
@@ -211,6 +205,7 @@ void PropertyPanel::addField(const FormField& formField, QWidget* box, int row,
     layouter.onAdd(editor, shown.caption);
     if (auto* label = qobject_cast<QLabel*>(layouter.layout()->itemAtPosition(row, 0)->widget())) {
         label->setBuddy(editor);
+        field->setCaption(label);
         if (dynamic_cast<zel::qt::MultiEditRadioButtonGroup*>(editor)) {
             layouter.layout()->setAlignment(label, Qt::AlignTop);
             label->setContentsMargins(0, radioTop, 0, 0);
@@ -223,11 +218,6 @@ PropertyField* PropertyPanel::adopt(PropertyField* field)
     QWidget* editor = field->editor();
     QWidget* focus = editor->focusProxy() ? editor->focusProxy() : editor;
     focus->setAccessibleName(field->property().label);
-    const QString limits = field->limitsText();
-    if (!limits.isEmpty()) {
-        focus->setToolTip(limits);
-        focus->setAccessibleDescription(limits);
-    }
     connect(field, &PropertyField::committed, this, [this, field] { tell(*field); });
     m_fields.push_back(field);
     return field;
@@ -285,6 +275,7 @@ QString PropertyPanel::withMnemonic(const QString& caption)
 
 void PropertyPanel::load()
 {
+    showWhetherSelected();
     for (PropertyField* field : m_fields) {
         field->load(m_document.selection().members());
     }
@@ -293,6 +284,7 @@ void PropertyPanel::load()
 
 void PropertyPanel::refresh()
 {
+    showWhetherSelected();
     for (PropertyField* field : m_fields) {
         // What the user is typing goes on counting.
         if (!field->isPending()) {
@@ -302,19 +294,20 @@ void PropertyPanel::refresh()
     showState();
 }
 
+/// Before the fields are filled: a field that loses the focus fills itself.
+void PropertyPanel::showWhetherSelected()
+{
+    m_content->setEnabled(!m_document.selection().isEmpty());
+}
+
 void PropertyPanel::showState()
 {
     const QVector<int>& members = m_document.selection().members();
-    m_content->setEnabled(!members.isEmpty());
     QStringList names;
     for (const int member : members) {
         names << m_document.model().members.at(static_cast<std::size_t>(member)).name;
     }
-    constexpr int longest = 8;
-    QString list = QStringList(names.mid(0, longest)).join(QStringLiteral(", "));
-    if (names.size() > longest) {
-        list += tr(" and %n more", nullptr, names.size() - longest);
-    }
+    const QString list = nameList(names);
     m_heading->setText(names.isEmpty()     ? tr("No member is selected")
                        : names.size() == 1 ? tr("Member %1").arg(list)
                                            : tr("%n members: %1", nullptr, names.size()).arg(list));

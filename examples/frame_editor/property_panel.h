@@ -68,6 +68,7 @@ private:
     QString withMnemonic(const QString& caption);
     void load();
     void refresh();
+    void showWhetherSelected();
     void showState();
     void tell(const PropertyField& field);
 

@@ -127,14 +127,17 @@ void ResultsView::showResults()
     const FrameModel& model = m_document.model();
     for (std::size_t i = 0; i < memberResults().size(); ++i) {
         const MemberResult& result = memberResults().at(i);
-        QString text;
+        QString text = members.isEmpty() ? QString() : tr("none");
+        bool isFirst = true;
         for (const int member : members) {
             const Member& one = model.members.at(static_cast<std::size_t>(member));
-            const QString shown = one.kind == MemberKind::Link && !result.isForLinks
-                                      ? tr("none")
-                                      : formatQuantity(zel::units::v1::get_active_input_context(),
-                                                       result.unitSet, result.value(model, one));
-            text = text.isEmpty() || text == shown ? shown : zel::qt::getVariesString();
+            if (one.kind == MemberKind::Link && !result.isForLinks) {
+                continue;
+            }
+            const QString shown = formatQuantity(zel::units::v1::get_active_input_context(),
+                                                 result.unitSet, result.value(model, one));
+            text = isFirst || text == shown ? shown : zel::qt::getVariesString();
+            isFirst = false;
         }
         m_values.at(i)->setText(text);
         for (QLabel* label : {m_captions.at(i), m_values.at(i)}) {

@@ -89,6 +89,7 @@ private Q_SLOTS:
     void takenName();
     void nameOfSeveral();
     void emptyName();
+    void longTextFromItsBeginning();
     void otherModel();
 };
 
@@ -772,6 +773,14 @@ void TestPropertyPanel::emptyName()
     stage.enter("name", QString());
     QCOMPARE(stage.steps(), 0);
     QCOMPARE(stage.status(), QStringLiteral("Name: a member needs a name; nothing is written"));
+}
+
+void TestPropertyPanel::longTextFromItsBeginning()
+{
+    EditorStage stage;
+    stage.select({9});
+    QVERIFY(stage.text("note").size() > 20);
+    QCOMPARE(stage.edit("note").cursorPosition(), 0);
 }
 
 void TestPropertyPanel::otherModel()
