@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
+#include <QUndoStack>
 
 #include <algorithm>
 #include <cmath>
@@ -132,6 +133,11 @@ QRectF Canvas::frameRect() const
 void Canvas::showUnits()
 {
     viewport()->update();
+}
+
+bool Canvas::hasGesture() const
+{
+    return scene()->mouseGrabberItem() != nullptr || !rubberBandRect().isNull();
 }
 
 bool Canvas::isShowingModel() const
@@ -297,9 +303,15 @@ void Canvas::takeMoves()
             moves.push_back({static_cast<int>(i), pos.x(), -pos.y()});
         }
     }
-    if (!moves.empty() && !m_document.moveNodes(moves).isEmpty()) {
+    if (moves.empty()) {
+        return;
+    }
+    const QString refusal = m_document.moveNodes(moves);
+    if (!refusal.isEmpty()) {
         showModel();
     }
+    Q_EMIT told(refusal.isEmpty() ? tr("%1: written").arg(m_document.undoStack().undoText())
+                                  : refusal);
 }
 
 void Canvas::finishGesture(Qt::MouseButton released)

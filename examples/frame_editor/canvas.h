@@ -45,6 +45,9 @@ public:
     /// The rectangle of all nodes, in scene coordinates; never without size.
     QRectF frameRect() const;
 
+    /// Whether the mouse is in the midst of a drag or of a rubber band.
+    bool hasGesture() const;
+
     /// Whether grips are just being put where the model has their nodes.
     bool isShowingModel() const;
     /// Where a node dragged to `pos` comes to lie: whole steps from its place in the model. The
@@ -60,6 +63,8 @@ public:
 Q_SIGNALS:
     /// What the mouse points at: a place, or a node under way; empty when it has left.
     void pointedAt(const QString& text);
+    /// One line on what came of a drag.
+    void told(const QString& text);
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;

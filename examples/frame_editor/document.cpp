@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QUndoStack>
 
+#include <algorithm>
 #include <cmath>
 
 namespace frame_editor {
@@ -97,7 +98,10 @@ QString Document::refusal(const MemberProperty& property,
                           const std::vector<MemberChange>& changes) const
 {
     for (const MemberChange& change : changes) {
-        QString reason = refusalOf(property, change.value, m_model, change.member);
+        const Member& member = m_model.members.at(static_cast<std::size_t>(change.member));
+        QString reason = appliesTo(property, member)
+                             ? refusalOf(property, change.value, m_model, change.member)
+                             : noSuchValue();
         if (!reason.isEmpty()) {
             return reason;
         }
@@ -154,6 +158,16 @@ QString Document::refusal(const std::vector<Member>& members) const
     return static_cast<std::size_t>(names.size()) == members.size()
                ? QString()
                : tr("two members cannot have the same name");
+}
+
+void Document::removeMembers(const QVector<int>& members)
+{
+    QVector<int> sorted = members;
+    std::sort(sorted.begin(), sorted.end());
+    sorted.erase(std::unique(sorted.begin(), sorted.end()), sorted.end());
+    if (!sorted.isEmpty()) {
+        m_undoStack->push(new RemovalCommand(*this, sorted));
+    }
 }
 
 QString Document::moveNodes(const std::vector<NodeMove>& moves)

@@ -65,12 +65,21 @@ public:
     /// others, more or fewer. Selected members that are there no longer leave the selection first.
     QString replaceMembers(const std::vector<Member>& members, const QString& text);
 
+    /// Takes members out of the model as one undo step, which also takes them out of the selection.
+    /// Undo brings them back in their places and selects what was selected. Nodes stay, also those
+    /// that are left without a member: they can be given to others, and nothing else makes nodes.
+    void removeMembers(const QVector<int>& members);
+
     /// Moves nodes as one undo step, under the same rules.
     QString moveNodes(const std::vector<NodeMove>& moves);
 
 Q_SIGNALS:
     /// Another model is open; changed() follows.
     void modelReplaced();
+    /// Members have come or gone among others; changed() follows. The indexes, in ascending order,
+    /// are those that the members have now, or had before they went.
+    void membersInserted(const QVector<int>& members);
+    void membersRemoved(const QVector<int>& members);
     /// A value of the model is another one: an edit, an undo, a redo, another file.
     void changed();
     void selectionChanged();
@@ -81,6 +90,7 @@ private:
     friend class MemberCommand;
     friend class MembersCommand;
     friend class NodeCommand;
+    friend class RemovalCommand;
 
     QString refusal(const MemberProperty& property, const std::vector<MemberChange>& changes) const;
     QString refusal(const std::vector<Member>& members) const;

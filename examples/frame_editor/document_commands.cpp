@@ -2,6 +2,9 @@
 
 #include "examples/frame_editor/member_selection.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace frame_editor {
 
 MemberCommand::MemberCommand(Document& document, const MemberProperty& property,
@@ -73,6 +76,63 @@ void MembersCommand::write(const std::vector<Member>& members)
     m_document.selection().set(selected);
     m_document.m_model.members = members;
     Q_EMIT m_document.changed();
+}
+
+RemovalCommand::RemovalCommand(Document& document, const QVector<int>& members)
+    : m_document(document)
+    , m_places(members)
+{
+    for (const int member : members) {
+        m_members.push_back(document.m_model.members.at(static_cast<std::size_t>(member)));
+    }
+    setText(members.size() == 1 ? QObject::tr("Deletion of %1").arg(m_members.front().name)
+                                : QObject::tr("Deletion of %n members", nullptr, members.size()));
+}
+
+void RemovalCommand::undo()
+{
+    // While members come and go none is selected, since views ask the model for those that are.
+    m_document.selection().clear();
+    std::vector<Member> members;
+    auto stayed = m_document.m_model.members.cbegin();
+    auto back = m_members.cbegin();
+    for (const int place : qAsConst(m_places)) {
+        while (static_cast<int>(members.size()) < place) {
+            members.push_back(*stayed++);
+        }
+        members.push_back(*back++);
+    }
+    members.insert(members.end(), stayed, m_document.m_model.members.cend());
+    m_document.m_model.members = std::move(members);
+    Q_EMIT m_document.membersInserted(m_places);
+    Q_EMIT m_document.changed();
+    m_document.selection().set(m_selected);
+}
+
+void RemovalCommand::redo()
+{
+    m_selected = m_document.selection().members();
+    QVector<int> stillSelected;
+    for (const int member : qAsConst(m_selected)) {
+        const auto place = std::lower_bound(m_places.cbegin(), m_places.cend(), member);
+        if (place == m_places.cend() || *place != member) {
+            stillSelected << member - static_cast<int>(place - m_places.cbegin());
+        }
+    }
+    m_document.selection().clear();
+    std::vector<Member> members;
+    auto gone = m_places.cbegin();
+    for (std::size_t i = 0; i < m_document.m_model.members.size(); ++i) {
+        if (gone != m_places.cend() && *gone == static_cast<int>(i)) {
+            ++gone;
+        } else {
+            members.push_back(m_document.m_model.members[i]);
+        }
+    }
+    m_document.m_model.members = std::move(members);
+    Q_EMIT m_document.membersRemoved(m_places);
+    Q_EMIT m_document.changed();
+    m_document.selection().set(stillSelected);
 }
 
 NodeCommand::NodeCommand(Document& document, const std::vector<NodeMove>& moves)

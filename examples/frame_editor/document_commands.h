@@ -42,6 +42,23 @@ private:
     std::vector<Member> m_after;
 };
 
+/// The step of Document::removeMembers().
+class RemovalCommand : public QUndoCommand
+{
+public:
+    /// @param members ascending, each once
+    RemovalCommand(Document& document, const QVector<int>& members);
+
+    void undo() override;
+    void redo() override;
+
+private:
+    Document& m_document;
+    QVector<int> m_places;         ///< where the members stand when they are there
+    std::vector<Member> m_members; ///< in the same order
+    QVector<int> m_selected;       ///< when they went
+};
+
 /// The step of Document::moveNodes().
 class NodeCommand : public QUndoCommand
 {

@@ -65,4 +65,26 @@ double FrameModel::memberLength(const Member& member) const
     return std::hypot(to.x - from.x, to.y - from.y) + offset;
 }
 
+QStringList FrameModel::nodesOnlyOf(const QVector<int>& some) const
+{
+    std::vector<bool> isSome(members.size());
+    for (const int member : some) {
+        isSome.at(static_cast<std::size_t>(member)) = true;
+    }
+    std::vector<bool> ofSome(nodes.size());
+    std::vector<bool> ofOthers(nodes.size());
+    for (std::size_t i = 0; i < members.size(); ++i) {
+        std::vector<bool>& used = isSome[i] ? ofSome : ofOthers;
+        used.at(static_cast<std::size_t>(members[i].start)) = true;
+        used.at(static_cast<std::size_t>(members[i].end)) = true;
+    }
+    QStringList names;
+    for (std::size_t i = 0; i < nodes.size(); ++i) {
+        if (ofSome[i] && !ofOthers[i]) {
+            names << nodes[i].name;
+        }
+    }
+    return names;
+}
+
 } // namespace frame_editor

@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
+#include <QVector>
 
 #include <vector>
 
@@ -112,6 +114,10 @@ struct FrameModel
 
     /// The length in which a member is built: the distance of its nodes and its offset.
     double memberLength(const Member& member) const;
+
+    /// The names of the nodes that are nodes of these members, given by their indexes, and of no
+    /// others.
+    QStringList nodesOnlyOf(const QVector<int>& some) const;
 };
 
 } // namespace frame_editor

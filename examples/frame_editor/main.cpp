@@ -44,7 +44,6 @@ void dropPlatformMessages(QtMsgType type, const QMessageLogContext& context, con
     }
 }
 
-/// Opens the model in the window and stays until the window is closed.
 /// Lets the window with its title bar and its status bar stand on a small screen as well.
 void fitToScreen(MainWindow& window)
 {
@@ -52,6 +51,7 @@ void fitToScreen(MainWindow& window)
     window.resize(window.size().boundedTo(window.screen()->availableSize() - frame));
 }
 
+/// Opens the model in the window and stays until the window is closed.
 int runWindow(const CommandLine& line, Document& document, UnitSettings& units, MainWindow& window,
               const QString& formError)
 {

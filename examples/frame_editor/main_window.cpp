@@ -8,7 +8,7 @@
 #include "examples/frame_editor/member_selection.h"
 #include "examples/frame_editor/member_table.h"
 #include "examples/frame_editor/menu_titles.h"
-#include "examples/frame_editor/model_file.h"
+#include "examples/frame_editor/name_list.h"
 #include "examples/frame_editor/property_panel.h"
 #include "examples/frame_editor/results_view.h"
 #include "examples/frame_editor/unit_settings.h"
@@ -16,14 +16,12 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QCloseEvent>
 #include <QComboBox>
 #include <QDockWidget>
-#include <QFileDialog>
+#include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
@@ -80,6 +78,17 @@ QString MainWindow::commitPending()
     return refusal.isEmpty() ? tableRefusal : refusal;
 }
 
+bool MainWindow::event(QEvent* event)
+{
+    // A menu that is opened would take the last message away, with a tip that it does not have.
+    return event->type() == QEvent::StatusTip || QMainWindow::event(event);
+}
+
+void MainWindow::tell(const QString& outcome, const QString& refusal)
+{
+    showStatus(refusal.isEmpty() ? outcome : tr("%1; %2").arg(outcome, refusal));
+}
+
 void MainWindow::restoreView(const QString& settingsFile)
 {
     m_results->setState(loadFlags(settingsFile));
@@ -109,33 +118,91 @@ void MainWindow::createFileActions(QToolBar& bar)
 void MainWindow::createEditActions(QToolBar& bar)
 {
     QMenu* menu = menuBar()->addMenu(MenuTitles().edit);
+    createHistoryActions(*menu, bar);
+    menu->addSeparator();
+    createDeletion(*menu);
+    bar.addSeparator();
+}
+
+void MainWindow::createHistoryActions(QMenu& menu, QToolBar& bar)
+{
     QUndoStack& stack = m_document.undoStack();
     // What is being typed is a step of its own, and the first one to be undone.
-    QAction* undo = menu->addAction(style()->standardIcon(QStyle::SP_ArrowBack), QString(), this,
-                                    [this, &stack] {
-                                        commitPending();
-                                        stack.undo();
-                                    });
+    QAction* undo = menu.addAction(style()->standardIcon(QStyle::SP_ArrowBack), QString(), this,
+                                   [this, &stack] {
+                                       const QString refusal = commitPending();
+                                       const QString step = stack.undoText();
+                                       stack.undo();
+                                       tell(tr("%1: undone").arg(step), refusal);
+                                   });
     undo->setObjectName(QStringLiteral("undo"));
     undo->setShortcut(QKeySequence::Undo);
-    QAction* redo = menu->addAction(style()->standardIcon(QStyle::SP_ArrowForward), QString(), this,
-                                    [this, &stack] {
-                                        commitPending();
-                                        stack.redo();
-                                    });
+    QAction* redo = menu.addAction(style()->standardIcon(QStyle::SP_ArrowForward), QString(), this,
+                                   [this, &stack] {
+                                       const QString refusal = commitPending();
+                                       if (stack.canRedo()) {
+                                           const QString step = stack.redoText();
+                                           stack.redo();
+                                           tell(tr("%1: redone").arg(step), refusal);
+                                       }
+                                   });
     redo->setObjectName(QStringLiteral("redo"));
-    redo->setShortcut(QKeySequence::Redo);
+    QList<QKeySequence> redoKeys = QKeySequence::keyBindings(QKeySequence::Redo);
+    const QKeySequence usual(QStringLiteral("Ctrl+Y")); // on other systems than some of ours
+    if (!redoKeys.contains(usual)) {
+        redoKeys << usual;
+    }
+    redo->setShortcuts(redoKeys);
     const auto show = [&stack, undo, redo] {
-        undo->setText(stack.canUndo() ? tr("&Undo %1").arg(stack.undoText()) : tr("&Undo"));
+        undo->setText(stack.canUndo() ? tr("&Undo %1").arg(withoutMnemonic(stack.undoText()))
+                                      : tr("&Undo"));
         undo->setEnabled(stack.canUndo());
-        redo->setText(stack.canRedo() ? tr("&Redo %1").arg(stack.redoText()) : tr("&Redo"));
+        redo->setText(stack.canRedo() ? tr("&Redo %1").arg(withoutMnemonic(stack.redoText()))
+                                      : tr("&Redo"));
         redo->setEnabled(stack.canRedo());
     };
     connect(&stack, &QUndoStack::indexChanged, undo, show);
     show();
     bar.addAction(undo);
     bar.addAction(redo);
-    bar.addSeparator();
+}
+
+void MainWindow::createDeletion(QMenu& menu)
+{
+    // In the table the key clears cells, as in a spreadsheet, and rows go by another one.
+    QAction* deletion = menu.addAction(style()->standardIcon(QStyle::SP_TrashIcon), QString(), this,
+                                       &MainWindow::deleteSelected);
+    deletion->setObjectName(QStringLiteral("delete"));
+    deletion->setShortcut(QKeySequence::Delete);
+    deletion->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    m_list->addAction(deletion);
+    m_canvas->addAction(deletion);
+    m_list->setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto* rows = new QAction(deletion->icon(), QString(), this);
+    rows->setObjectName(QStringLiteral("deleteRows"));
+    rows->setShortcut(QKeySequence(QStringLiteral("Ctrl+-")));
+    rows->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(rows, &QAction::triggered, this, &MainWindow::deleteSelected);
+    m_table->addAction(rows);
+    const auto show = [this, deletion, rows] {
+        const QVector<int>& members = m_document.selection().members();
+        const QString text =
+            members.isEmpty() ? tr("&Delete")
+            : members.size() == 1
+                ? tr("&Delete %1")
+                      .arg(
+                          withoutMnemonic(m_document.model()
+                                              .members.at(static_cast<std::size_t>(members.first()))
+                                              .name))
+                : tr("&Delete %n members", nullptr, members.size());
+        for (QAction* action : {deletion, rows}) {
+            action->setText(text);
+            action->setEnabled(!members.isEmpty());
+        }
+    };
+    connect(&m_document, &Document::selectionChanged, deletion, show);
+    connect(&m_document, &Document::changed, deletion, show);
+    show();
 }
 
 void MainWindow::createViewActions(QToolBar& bar)
@@ -185,8 +252,8 @@ void MainWindow::createUnitChooser(QToolBar& bar)
 
 void MainWindow::createViews(const Form& form)
 {
-    QDockWidget* members =
-        addDock(Qt::LeftDockWidgetArea, tr("Members"), new MemberList(m_document, this));
+    m_list = new MemberList(m_document, this);
+    QDockWidget* members = addDock(Qt::LeftDockWidgetArea, tr("Members"), m_list);
     m_panel = new PropertyPanel(m_document, m_units, form, this);
     QDockWidget* properties = addDock(Qt::RightDockWidgetArea, tr("Properties"), m_panel);
     m_results = new ResultsView(m_document, m_units, this);
@@ -215,6 +282,7 @@ void MainWindow::createCanvas()
     m_canvas = new Canvas(m_document, this);
     setCentralWidget(m_canvas);
     connect(&m_units, &UnitSettings::changed, m_canvas, &Canvas::showUnits);
+    connect(m_canvas, &Canvas::told, this, &MainWindow::showStatus);
     addDock(Qt::LeftDockWidgetArea, tr("Overview"), new CanvasOverview(*m_canvas, this));
     auto* place = new QLabel(this);
     place->setObjectName(QStringLiteral("place"));
@@ -263,119 +331,23 @@ void MainWindow::select(const QStringList& names)
     }
 }
 
-bool MainWindow::openFile(const QString& fileName)
+void MainWindow::deleteSelected()
 {
-    try {
-        m_document.open(fileName);
-    } catch (const FileError& error) {
-        showStatus(error.message());
-        QMessageBox::warning(this, tr("The model cannot be opened"), error.message());
-        return false;
-    }
-    showStatus(tr("%1 opened").arg(QFileInfo(fileName).fileName()));
-    return true;
-}
-
-bool MainWindow::openForm(const QString& fileName)
-{
-    try {
-        m_panel->setForm(loadForm(fileName));
-    } catch (const FileError& error) {
-        showStatus(error.message());
-        QMessageBox::warning(this, tr("The form cannot be used"), error.message());
-        return false;
-    }
-    showStatus(tr("Form: %1").arg(m_panel->form().title));
-    return true;
-}
-
-void MainWindow::openFormWithDialog()
-{
-    const QStringList forms = formFiles();
-    const QString fileName = QFileDialog::getOpenFileName(
-        this, tr("Open a form"), forms.isEmpty() ? QString() : forms.first(), tr("Forms (*.json)"));
-    if (!fileName.isEmpty()) {
-        openForm(fileName);
-    }
-}
-
-void MainWindow::openWithDialog()
-{
-    if (!mayDiscard()) {
+    const QVector<int> members = m_document.selection().members();
+    if (members.isEmpty() || m_canvas->hasGesture()) {
         return;
     }
-    const QString fileName = QFileDialog::getOpenFileName(
-        this, tr("Open a model"), m_document.fileName(), tr("Frame models (*.json)"));
-    if (!fileName.isEmpty()) {
-        openFile(fileName);
-    }
-}
-
-bool MainWindow::save()
-{
-    return m_document.fileName().isEmpty() ? saveWithDialog() : saveTo(m_document.fileName());
-}
-
-bool MainWindow::saveWithDialog()
-{
-    const QString fileName = QFileDialog::getSaveFileName(
-        this, tr("Save the model"), m_document.fileName(), tr("Frame models (*.json)"));
-    return !fileName.isEmpty() && saveTo(fileName);
-}
-
-bool MainWindow::saveTo(const QString& fileName)
-{
     const QString refusal = commitPending();
-    try {
-        m_document.saveAs(fileName);
-    } catch (const FileError& error) {
-        showStatus(error.message());
-        QMessageBox::warning(this, tr("The model cannot be saved"), error.message());
-        return false;
-    }
-    const QString saved = tr("%1 saved").arg(QFileInfo(fileName).fileName());
-    showStatus(refusal.isEmpty() ? saved : saved + QStringLiteral("; ") + refusal);
-    return true;
-}
-
-bool MainWindow::mayDiscard()
-{
-    // A text that is refused is no change of the model, but the user should not lose it unasked.
-    const QString refusal = commitPending();
-    const bool modified = m_document.isModified();
-    if (!modified && refusal.isEmpty()) {
-        return true;
-    }
-    QStringList reasons;
-    if (modified) {
-        reasons << tr("The model has changes that are not saved.");
-    }
     if (!refusal.isEmpty()) {
-        reasons << refusal;
+        tell(refusal, tr("nothing is deleted"));
+        return;
     }
-    const QMessageBox::StandardButton answer =
-        QMessageBox::question(this, tr("Unsaved changes"), reasons.join(QLatin1Char('\n')),
-                              QMessageBox::Discard | QMessageBox::Cancel |
-                                  (modified ? QMessageBox::Save : QMessageBox::NoButton),
-                              modified ? QMessageBox::Save : QMessageBox::Cancel);
-    if (answer == QMessageBox::Save) {
-        return save();
-    }
-    return answer == QMessageBox::Discard;
-}
-
-void MainWindow::closeEvent(QCloseEvent* event)
-{
-    event->setAccepted(mayDiscard());
-}
-
-void MainWindow::showFile()
-{
-    const QString name = m_document.fileName().isEmpty()
-                             ? tr("Unnamed")
-                             : QFileInfo(m_document.fileName()).fileName();
-    setWindowTitle(tr("%1[*] - Frame editor").arg(name));
-    setWindowModified(m_document.isModified());
+    const QStringList idle = m_document.model().nodesOnlyOf(members);
+    m_document.removeMembers(members);
+    const QString step = m_document.undoStack().undoText();
+    tell(tr("%1: done").arg(step),
+         idle.isEmpty() ? QString()
+                        : tr("nodes that stay without a member: %1").arg(nameList(idle)));
 }
 
 } // namespace frame_editor

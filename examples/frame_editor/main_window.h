@@ -59,13 +59,19 @@ public Q_SLOTS:
     /// @return whether the model is saved
     bool save();
     bool saveWithDialog();
+    /// Takes the selected members out of the model. What is being typed counts first; a text that
+    /// is refused is told of, and then nothing is deleted.
+    void deleteSelected();
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:
     void createFileActions(QToolBar& bar);
     void createEditActions(QToolBar& bar);
+    void createHistoryActions(QMenu& menu, QToolBar& bar);
+    void createDeletion(QMenu& menu);
     void createViewActions(QToolBar& bar);
     void createUnitChooser(QToolBar& bar);
     void createViews(const Form& form);
@@ -74,14 +80,18 @@ private:
     /// Ends the editing of what is being typed anywhere.
     /// @return why it is refused, or an empty text
     QString commitPending();
+    /// Tells what came of an action, and of a text that was refused before it.
+    void tell(const QString& outcome, const QString& refusal);
     QDockWidget* addDock(Qt::DockWidgetArea area, const QString& title, QWidget* content);
     bool saveTo(const QString& fileName);
+    void warn(const QString& title, const QString& text);
     /// Whether the present model may go: it is saved, or the user gave it up.
     bool mayDiscard();
     void showFile();
 
     Document& m_document;
     UnitSettings& m_units;
+    MemberList* m_list = nullptr;
     PropertyPanel* m_panel = nullptr;
     ResultsView* m_results = nullptr;
     Canvas* m_canvas = nullptr;

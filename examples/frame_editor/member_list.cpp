@@ -40,8 +40,11 @@ void MemberList::showMembers()
     const std::vector<Member>& members = m_document.model().members;
     if (count() != static_cast<int>(members.size())) {
         const QScopedValueRollback<bool> showing(m_showing, true);
-        clear();
-        for (std::size_t i = 0; i < members.size(); ++i) {
+        // The row that has the keyboard stays, as far as there is one.
+        while (count() > static_cast<int>(members.size())) {
+            delete takeItem(count() - 1);
+        }
+        while (count() < static_cast<int>(members.size())) {
             addItem(QString());
         }
     }

@@ -7,10 +7,12 @@
 #include "examples/frame_editor/member_table_paste.h"
 #include "examples/frame_editor/unit_settings.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -61,11 +63,11 @@ MemberTable::MemberTable(Document& document, UnitSettings& units, QWidget* paren
                 }
             });
     connect(m_cells, &QAbstractItemModel::rowsInserted, this,
-            [this](const QModelIndex&, int first, int last) { chooseByRow(first, last); });
+            [this](const QModelIndex&, int first, int last) { insertRows(first, last); });
     connect(m_cells, &QAbstractItemModel::rowsRemoved, this,
-            [this](const QModelIndex&, int first) { forgetRows(first); });
+            [this](const QModelIndex&, int first, int last) { forgetRows(first, last); });
     connect(m_cells, &QAbstractItemModel::modelReset, this, [this] {
-        forgetRows(0);
+        forgetRows(0, static_cast<int>(m_rowDelegates.size()) - 1);
         chooseByRow(0, m_cells->rowCount() - 1);
         fitColumns();
     });
@@ -79,6 +81,7 @@ MemberTable::MemberTable(Document& document, UnitSettings& units, QWidget* paren
     connect(&document, &Document::selectionChanged, this, &MemberTable::showSelection);
     connect(&units, &UnitSettings::aboutToChange, this, &MemberTable::closeOpenEditor);
     connect(&units, &UnitSettings::changed, this, &MemberTable::showUnits);
+    createMenu();
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
     fitColumns();
     showSelection();
@@ -135,6 +138,46 @@ void MemberTable::keyPressEvent(QKeyEvent* event)
     } else {
         CppDbTableViewBase::keyPressEvent(event);
     }
+}
+
+void MemberTable::createMenu()
+{
+    const auto add = [this](const QString& text, QKeySequence::StandardKey key) {
+        // The key is for the table as it is; here it is only told.
+        const QString shown = QKeySequence(key).toString(QKeySequence::NativeText);
+        auto* action = new QAction(text + QLatin1Char('\t') + shown, this);
+        connect(action, &QAction::triggered, this, [this, key] { pressKey(key); });
+        addAction(action);
+    };
+    add(tr("Cu&t"), QKeySequence::Cut);
+    add(tr("&Copy"), QKeySequence::Copy);
+    add(tr("&Paste"), QKeySequence::Paste);
+    add(tr("C&lear cells"), QKeySequence::Delete);
+    auto* separator = new QAction(this);
+    separator->setSeparator(true);
+    addAction(separator);
+    setContextMenuPolicy(Qt::ActionsContextMenu);
+    verticalHeader()->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(verticalHeader(), &QWidget::customContextMenuRequested, this,
+            &MemberTable::showMenuOfRow);
+}
+
+void MemberTable::pressKey(QKeySequence::StandardKey key)
+{
+    const int combination = QKeySequence(key)[0];
+    QKeyEvent event(QEvent::KeyPress, combination & ~int(Qt::KeyboardModifierMask),
+                    Qt::KeyboardModifiers(combination & int(Qt::KeyboardModifierMask)));
+    keyPressEvent(&event);
+}
+
+/// A row that is pointed at by its number becomes the one that the menu is about.
+void MemberTable::showMenuOfRow(const QPoint& pos)
+{
+    const int row = verticalHeader()->logicalIndexAt(pos);
+    if (row >= 0 && !selectionModel()->isRowSelected(row, QModelIndex())) {
+        selectRow(row);
+    }
+    QMenu::exec(actions(), verticalHeader()->viewport()->mapToGlobal(pos), nullptr, this);
 }
 
 void MemberTable::paste(QKeyEvent* event)

@@ -3,6 +3,8 @@
 #include "qt/inc/delegates.h"
 #include "qt/inc/table_view.h"
 
+#include <QKeySequence>
+
 #include <deque>
 #include <utility>
 #include <vector>
@@ -67,6 +69,9 @@ private:
     };
 
     zel::qt::IValidator::pointer clipboardValidator(int column) const;
+    void createMenu();
+    void pressKey(QKeySequence::StandardKey key);
+    void showMenuOfRow(const QPoint& pos);
     void paste(QKeyEvent* event);
     void addRow(int left, const std::deque<boost::optional<boost::any>>& values);
 
@@ -74,8 +79,11 @@ private:
     void fillChoices(zel::qt::MultiEditEnumBox& box, const QModelIndex& index) const;
     void chooseByColumn();
     void chooseByRow(int first, int last);
-    void forgetRows(int first);
-    void install(int row, const RowDelegates& before, const RowDelegates& after);
+    void insertRows(int first, int last);
+    void forgetRows(int first, int last);
+    void install(int row, const RowDelegates& chosen);
+    void uninstall(int row, const RowDelegates& chosen);
+    void release(const RowDelegates& chosen);
     void release(QAbstractItemDelegate* delegate);
     RowDelegates::Sort sortOf(int row) const;
 

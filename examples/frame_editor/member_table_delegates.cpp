@@ -7,6 +7,9 @@
 
 #include "qt/inc/controls.h"
 
+#include <algorithm>
+#include <cstddef>
+
 namespace frame_editor {
 
 using Cell = MemberColumn::Cell;
@@ -105,29 +108,64 @@ void MemberTable::chooseByRow(int first, int last)
                 }
             }
         }
-        install(row, before, chosen);
+        uninstall(row, before);
+        install(row, chosen);
+        release(before);
     }
 }
 
-void MemberTable::forgetRows(int first)
+/// The keys of the forwarding delegate have moved down already.
+void MemberTable::insertRows(int first, int last)
 {
-    while (m_rowDelegates.size() > static_cast<std::size_t>(first)) {
-        install(static_cast<int>(m_rowDelegates.size()) - 1, m_rowDelegates.back(), {});
-        m_rowDelegates.pop_back();
+    const auto at = std::min(m_rowDelegates.size(), static_cast<std::size_t>(first));
+    m_rowDelegates.insert(m_rowDelegates.begin() + static_cast<std::ptrdiff_t>(at),
+                          static_cast<std::size_t>(last - first + 1), RowDelegates());
+    chooseByRow(first, last);
+}
+
+/// The keys of the forwarding delegate stay where they are, so those of the rows below move here.
+/// Their delegates go along: an editor of theirs may be open.
+void MemberTable::forgetRows(int first, int last)
+{
+    const int rows = static_cast<int>(m_rowDelegates.size());
+    for (int row = first; row < rows; ++row) {
+        uninstall(row, m_rowDelegates[static_cast<std::size_t>(row)]);
+    }
+    for (int row = first; row <= last; ++row) {
+        release(m_rowDelegates[static_cast<std::size_t>(row)]);
+    }
+    m_rowDelegates.erase(m_rowDelegates.begin() + first, m_rowDelegates.begin() + last + 1);
+    for (int row = first; row < rows - (last - first + 1); ++row) {
+        install(row, m_rowDelegates[static_cast<std::size_t>(row)]);
     }
 }
 
-void MemberTable::install(int row, const RowDelegates& before, const RowDelegates& after)
+void MemberTable::install(int row, const RowDelegates& chosen)
 {
-    m_delegates->setItemDelegateForRow(row, after.row);
-    for (const auto& [column, delegate] : before.cells) {
-        m_delegates->setItemDelegateForCell(row, column, nullptr);
-        release(delegate);
+    if (chosen.row) {
+        m_delegates->setItemDelegateForRow(row, chosen.row);
     }
-    for (const auto& [column, delegate] : after.cells) {
+    for (const auto& [column, delegate] : chosen.cells) {
         m_delegates->setItemDelegateForCell(row, column, delegate);
     }
-    release(before.row);
+}
+
+void MemberTable::uninstall(int row, const RowDelegates& chosen)
+{
+    if (chosen.row) {
+        m_delegates->setItemDelegateForRow(row, nullptr);
+    }
+    for (const auto& cell : chosen.cells) {
+        m_delegates->setItemDelegateForCell(row, cell.first, nullptr);
+    }
+}
+
+void MemberTable::release(const RowDelegates& chosen)
+{
+    for (const auto& cell : chosen.cells) {
+        release(cell.second);
+    }
+    release(chosen.row);
 }
 
 /// Lets go of a delegate that may be just at work: an edit of its own can make it superfluous. The

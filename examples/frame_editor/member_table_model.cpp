@@ -70,6 +70,8 @@ MemberTableModel::MemberTableModel(Document& document, QObject* parent)
         m_rows = memberCount() + 1;
         endResetModel();
     });
+    connect(&document, &Document::membersInserted, this, &MemberTableModel::insertMembers);
+    connect(&document, &Document::membersRemoved, this, &MemberTableModel::removeMembers);
     connect(&document, &Document::changed, this, &MemberTableModel::showModel);
     showModel();
     showUnits();
@@ -378,6 +380,40 @@ QString MemberTableModel::outcome(bool isWhole) const
     const int count = static_cast<int>(refusals.size());
     return count == 1 ? tr("%1; this cell was left as it is").arg(cell)
                       : tr("%n cells were left as they are; %1", nullptr, count).arg(cell);
+}
+
+/// Rows come where the members have come: an editor that is open on another one stays with it.
+void MemberTableModel::insertMembers(const QVector<int>& members)
+{
+    const std::vector<Member>& now = m_document.model().members;
+    for (int i = 0; i < members.size();) {
+        const int first = members.at(i);
+        int last = first;
+        while (++i < members.size() && members.at(i) == last + 1) {
+            ++last;
+        }
+        beginInsertRows(QModelIndex(), first, last);
+        m_members.insert(m_members.begin() + first, now.begin() + first, now.begin() + last + 1);
+        m_rows += last - first + 1;
+        endInsertRows();
+    }
+    Q_EMIT headerDataChanged(Qt::Vertical, 0, m_rows - 1);
+}
+
+void MemberTableModel::removeMembers(const QVector<int>& members)
+{
+    for (int i = members.size() - 1; i >= 0;) {
+        const int last = members.at(i);
+        int first = last;
+        while (--i >= 0 && members.at(i) == first - 1) {
+            --first;
+        }
+        beginRemoveRows(QModelIndex(), first, last);
+        m_members.erase(m_members.begin() + first, m_members.begin() + last + 1);
+        m_rows -= last - first + 1;
+        endRemoveRows();
+    }
+    Q_EMIT headerDataChanged(Qt::Vertical, 0, m_rows - 1);
 }
 
 void MemberTableModel::showModel()

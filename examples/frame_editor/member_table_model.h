@@ -71,6 +71,8 @@ Q_SIGNALS:
 private:
     bool write(int row, int column, const QVariant& value, int role);
     void finishEdits(const QString& text, bool isWhole);
+    void insertMembers(const QVector<int>& members);
+    void removeMembers(const QVector<int>& members);
     void showModel();
     void showRows(const std::vector<Member>& before);
     QString stepText(const QString& text) const;

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <limits>
+#include <stdexcept>
 #include <utility>
 
 using namespace frame_editor;
@@ -40,6 +41,11 @@ private Q_SLOTS:
     void movedNodes();
     void replacedMembers();
     void refusedMembers();
+    void removedMembers();
+    void removedMembersLeaveTheSelection();
+    void nobodyRemoved();
+    void nodesOnlyOf();
+    void valueOfALink();
     void modifiedMark();
     void failedOpenLeavesEverything();
     void failedSaveLeavesTheMark();
@@ -241,6 +247,110 @@ void TestDocument::refusedMembers()
     std::vector<Member> members = document.model().members;
     std::swap(members[0].name, members[1].name);
     QCOMPARE(document.replaceMembers(members, QStringLiteral("Step")), QString());
+}
+
+void TestDocument::removedMembers()
+{
+    Document document;
+    document.open(portalFrame);
+    const std::vector<Member> members = document.model().members;
+    const QByteArray before = writeModel(document.model());
+    QSignalSpy changed(&document, &Document::changed);
+    QSignalSpy removed(&document, &Document::membersRemoved);
+    QSignalSpy inserted(&document, &Document::membersInserted);
+    document.removeMembers({9, 0, 2, 1, 2});
+    QCOMPARE(document.undoStack().count(), 1);
+    QCOMPARE(document.undoStack().undoText(), QStringLiteral("Deletion of 4 members"));
+    QCOMPARE(removed.count(), 1);
+    QCOMPARE(removed.at(0).at(0).value<QVector<int>>(), (QVector<int>{0, 1, 2, 9}));
+    QCOMPARE(changed.count(), 1);
+    std::vector<Member> rest(members.begin() + 3, members.begin() + 9);
+    rest.push_back(members.back());
+    QVERIFY(document.model().members == rest);
+    QCOMPARE(int(document.model().nodes.size()), 9);
+    document.undoStack().undo();
+    QCOMPARE(writeModel(document.model()), before);
+    QCOMPARE(inserted.count(), 1);
+    QCOMPARE(inserted.at(0).at(0), removed.at(0).at(0));
+    QCOMPARE(changed.count(), 2);
+    QVERIFY(!document.isModified());
+    document.undoStack().redo();
+    QVERIFY(document.model().members == rest);
+    QVERIFY(document.isModified());
+    // Later steps count the members that are left.
+    QCOMPARE(document.setMemberValues(propertyOf("moment"), {{0, 7.0}}), QString());
+    document.removeMembers({0});
+    QCOMPARE(document.undoStack().undoText(), QStringLiteral("Deletion of R2"));
+    document.undoStack().undo();
+    document.undoStack().undo();
+    document.undoStack().undo();
+    QCOMPARE(writeModel(document.model()), before);
+}
+
+void TestDocument::removedMembersLeaveTheSelection()
+{
+    Document document;
+    document.open(portalFrame);
+    document.selection().set({1, 2, 5, 10});
+    // Whoever asks during the step, asks for members that are there.
+    std::size_t asked = 0;
+    connect(&document, &Document::selectionChanged, this, [&] {
+        for (const int member : document.selection().members()) {
+            asked += document.model().members.at(std::size_t(member)).name.size() > 0 ? 1 : 0;
+        }
+    });
+    connect(&document, &Document::changed, this,
+            [&document] { QVERIFY(document.selection().isEmpty()); });
+    document.removeMembers({0, 2, 6});
+    QCOMPARE(document.selection().members(), (QVector<int>{0, 3, 7}));
+    QCOMPARE(document.model().members.at(3).name, QStringLiteral("R4"));
+    document.selection().set({4});
+    document.undoStack().undo();
+    QCOMPARE(document.selection().members(), (QVector<int>{1, 2, 5, 10}));
+    document.selection().set({2});
+    document.undoStack().redo();
+    QVERIFY(document.selection().isEmpty());
+    document.undoStack().undo();
+    QCOMPARE(document.selection().members(), QVector<int>{2});
+    QCOMPARE(asked, std::size_t(3 + 1 + 4 + 1 + 1));
+}
+
+void TestDocument::nobodyRemoved()
+{
+    Document document;
+    document.open(portalFrame);
+    document.removeMembers({});
+    QCOMPARE(document.undoStack().count(), 0);
+    QVERIFY_EXCEPTION_THROWN(document.removeMembers({11}), std::out_of_range);
+    QCOMPARE(document.undoStack().count(), 0);
+    // All of them can go, and a model without members is one.
+    document.removeMembers({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10});
+    QVERIFY(document.model().members.empty());
+    QCOMPARE(readModel(writeModel(document.model()), QStringLiteral("m.json")).nodes.size(),
+             std::size_t(9));
+}
+
+void TestDocument::nodesOnlyOf()
+{
+    Document document;
+    document.open(portalFrame);
+    const FrameModel& model = document.model();
+    QCOMPARE(model.nodesOnlyOf({}), QStringList());
+    QCOMPARE(model.nodesOnlyOf({10}), QStringList{QStringLiteral("N9")});
+    QCOMPARE(model.nodesOnlyOf({0}), QStringList());
+    // N1 is the foot of C1 and the start of B1.
+    QCOMPARE(model.nodesOnlyOf({0, 7}), QStringList{QStringLiteral("N1")});
+    QCOMPARE(model.nodesOnlyOf({0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10}).size(), 9);
+}
+
+void TestDocument::valueOfALink()
+{
+    Document document;
+    document.open(portalFrame);
+    QCOMPARE(document.setMemberValues(propertyOf("line_load"), {{0, 1.0}, {10, 1.0}}),
+             QStringLiteral("a rigid link has no such value"));
+    QCOMPARE(document.undoStack().count(), 0);
+    QCOMPARE(document.setMemberValues(propertyOf("note"), {{10, QStringLiteral("x")}}), QString());
 }
 
 void TestDocument::modifiedMark()

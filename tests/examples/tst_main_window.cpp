@@ -1,4 +1,5 @@
 #include "examples/frame_editor/canvas.h"
+#include "examples/frame_editor/canvas_items.h"
 #include "examples/frame_editor/member_list.h"
 #include "examples/frame_editor/model_file.h"
 #include "tests/examples/editor_stage.h"
@@ -7,12 +8,18 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
 #include <QFile>
+#include <QFileDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMessageBox>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWindow>
+
+#include <functional>
 
 using namespace frame_editor;
 using zel::test::EditorStage;
@@ -44,6 +51,27 @@ private:
     QTimer m_timer;
 };
 
+/// Does something with the next file dialog when it has the keyboard.
+class DialogVisit : public QObject
+{
+public:
+    explicit DialogVisit(const std::function<void(QFileDialog&)>& visit)
+    {
+        m_timer.setInterval(0);
+        connect(&m_timer, &QTimer::timeout, this, [this, visit] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            if (dialog && dialog->isAncestorOf(QApplication::focusWidget())) {
+                m_timer.stop();
+                visit(*dialog);
+            }
+        });
+        m_timer.start();
+    }
+
+private:
+    QTimer m_timer;
+};
+
 } // namespace
 
 class TestMainWindow : public zel::test::CheckedTest
@@ -61,7 +89,17 @@ private Q_SLOTS:
     void closeAsksForARefusedText();
     void closeWithFailedSave();
     void saveTellsOfARefusedText();
+    void saveTwice();
+    void fileNames_data();
+    void fileNames();
+    void savedNameGetsASuffix();
+    void marksInNames();
     void badFile();
+    void openAsksForChanges();
+    void statusFollowsTheHistory();
+    void statusAfterARefusedText();
+    void statusOfADrag();
+    void statusStaysBelowAMenu();
     void goodFile();
     void selectionByName();
     void undoTexts();
@@ -214,6 +252,171 @@ void TestMainWindow::closeWithFailedSave()
     QVERIFY(!stage.window.close());
     QVERIFY(stage.document.isModified());
     QVERIFY(stage.status().contains(QStringLiteral("not saved")));
+}
+
+void TestMainWindow::saveTwice()
+{
+    QTemporaryDir folder;
+    const QString fileName = folder.filePath(QStringLiteral("m.json"));
+    EditorStage stage;
+    stage.document.saveAs(fileName);
+    stage.select({0});
+    stage.enter("line_load", QStringLiteral("1.5"));
+    QTest::keyClick(&stage.window, Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(stage.status(), QStringLiteral("m.json saved"));
+    stage.enter("line_load", QStringLiteral("2.5"));
+    QVERIFY(stage.window.isWindowModified());
+    QTest::keyClick(&stage.window, Qt::Key_S, Qt::ControlModifier);
+    QTest::keyClick(&stage.window, Qt::Key_S, Qt::ControlModifier);
+    QVERIFY(!stage.window.isWindowModified());
+    QCOMPARE(loadModel(fileName).members.at(0).lineLoad, 2.5);
+    // What was saved first is one step back.
+    QTest::keyClick(&stage.window, Qt::Key_Z, Qt::ControlModifier);
+    QVERIFY(stage.window.isWindowModified());
+    QTest::keyClick(&stage.window, Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(loadModel(fileName).members.at(0).lineLoad, 1.5);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("m.json")});
+}
+
+void TestMainWindow::fileNames_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("blanks") << QStringLiteral("my frame  2.json");
+    QTest::newRow("umlauts") << QStringLiteral("Halle S\u00fcd \u2013 St\u00fctze.json");
+    QTest::newRow("beyond the basic plane") << QString::fromUtf8("\xf0\x9f\x8f\x97.json");
+    QTest::newRow("marks") << QStringLiteral("a&b[*] <b>%1.json");
+}
+
+void TestMainWindow::fileNames()
+{
+    QFETCH(QString, name);
+    QTemporaryDir folder;
+    EditorStage stage;
+    stage.document.saveAs(folder.filePath(name));
+    stage.select({0});
+    stage.enter("line_load", QStringLiteral("1.5"));
+    QVERIFY(stage.window.save());
+    QCOMPARE(stage.status(), name + QStringLiteral(" saved"));
+    EditorStage other;
+    QVERIFY(other.window.openFile(folder.filePath(name)));
+    QCOMPARE(other.member(0).lineLoad, 1.5);
+    QCOMPARE(other.status(), name + QStringLiteral(" opened"));
+}
+
+void TestMainWindow::savedNameGetsASuffix()
+{
+    QTemporaryDir folder;
+    EditorStage stage;
+    stage.document.saveAs(folder.filePath(QStringLiteral("m.json")));
+    QString offered;
+    {
+        const DialogVisit visit([&offered](QFileDialog& dialog) {
+            auto* name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+            offered = name->text();
+            name->selectAll();
+            QTest::keyClicks(name, QStringLiteral("Hall 2"));
+            auto* buttons = dialog.findChild<QDialogButtonBox*>();
+            QTest::mouseClick(buttons->button(QDialogButtonBox::Save), Qt::LeftButton);
+        });
+        QTest::keyClick(&stage.window, Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    }
+    QCOMPARE(offered, QStringLiteral("m.json"));
+    QCOMPARE(stage.document.fileName(), folder.filePath(QStringLiteral("Hall 2.json")));
+    QVERIFY(QFile::exists(stage.document.fileName()));
+    // Given up, nothing is saved.
+    const DialogVisit visit([](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+    QVERIFY(!stage.window.saveWithDialog());
+}
+
+void TestMainWindow::marksInNames()
+{
+    QTemporaryDir folder;
+    EditorStage stage;
+    stage.document.saveAs(folder.filePath(QStringLiteral("a[*].json")));
+    QCOMPARE(stage.window.windowTitle(), QStringLiteral("a[*][*].json[*] - Frame editor"));
+}
+
+void TestMainWindow::openAsksForChanges()
+{
+    EditorStage stage;
+    stage.select({0});
+    stage.type("line_load", QStringLiteral("1.5"));
+    Answer answer(QMessageBox::Cancel);
+    QTest::keyClick(&stage.window, Qt::Key_O, Qt::ControlModifier);
+    QCOMPARE(answer.text, QStringLiteral("The model has changes that are not saved."));
+    QCOMPARE(stage.member(0).lineLoad, 1.5);
+}
+
+void TestMainWindow::statusFollowsTheHistory()
+{
+    QTemporaryDir folder;
+    EditorStage stage;
+    stage.document.saveAs(folder.filePath(QStringLiteral("m.json")));
+    stage.select({0});
+    stage.enter("line_load", QStringLiteral("1.5"));
+    QCOMPARE(stage.status(), QStringLiteral("Line load of C1: written"));
+    QTest::keyClick(&stage.window, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(stage.status(), QStringLiteral("Line load of C1: undone"));
+    QTest::keyClick(&stage.window, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(stage.status(), QStringLiteral("Line load of C1: redone"));
+    QVERIFY(stage.window.save());
+    QCOMPARE(stage.status(), QStringLiteral("m.json saved"));
+    QTest::keyClick(&stage.window, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(stage.status(), QStringLiteral("Line load of C1: undone"));
+    QTest::keyClick(&stage.window, Qt::Key_Y, Qt::ControlModifier);
+    QCOMPARE(stage.status(), QStringLiteral("Line load of C1: redone"));
+    // Typing ends what could be redone, and says so by what it wrote.
+    QTest::keyClick(&stage.window, Qt::Key_Z, Qt::ControlModifier);
+    stage.type("moment", QStringLiteral("5"));
+    stage.window.findChild<QAction*>(QStringLiteral("redo"))->trigger();
+    QCOMPARE(stage.status(), QStringLiteral("Moment of C1: written"));
+    QCOMPARE(stage.member(0).moment, 5.0);
+    QCOMPARE(stage.member(0).lineLoad, 3.6);
+}
+
+void TestMainWindow::statusAfterARefusedText()
+{
+    EditorStage stage;
+    stage.select({0});
+    stage.enter("moment", QStringLiteral("5"));
+    stage.type("line_load", QStringLiteral("2,5"));
+    stage.window.findChild<QAction*>(QStringLiteral("undo"))->trigger();
+    QCOMPARE(stage.member(0).moment, 0.0);
+    QCOMPARE(stage.text("line_load"), QStringLiteral("2,5"));
+    QCOMPARE(stage.status(),
+             QStringLiteral("Moment of C1: undone; Line load: \"2,5\": decimals stand behind a "
+                            "point; nothing is written"));
+}
+
+void TestMainWindow::statusStaysBelowAMenu()
+{
+    EditorStage stage;
+    stage.window.showStatus(QStringLiteral("C1: said"));
+    QTest::keyClick(&stage.window, Qt::Key_E, Qt::AltModifier);
+    QTRY_VERIFY(QApplication::activePopupWidget() != nullptr);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
+    QCOMPARE(stage.status(), QStringLiteral("C1: said"));
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QCOMPARE(stage.status(), QStringLiteral("C1: said"));
+}
+
+void TestMainWindow::statusOfADrag()
+{
+    EditorStage stage;
+    Canvas& canvas = stage.window.canvas();
+    stage.select({0});
+    stage.enter("line_load", QStringLiteral("1.5"));
+    const QPoint from =
+        canvas.viewport()->mapTo(&stage.window, canvas.mapFromScene(canvas.nodeGrips()[3]->pos()));
+    const QPoint to = from + QPoint(20, -20);
+    QCursor::setPos(stage.window.mapToGlobal(from));
+    QCoreApplication::processEvents();
+    QTest::mousePress(stage.window.windowHandle(), Qt::LeftButton, {}, from);
+    QCursor::setPos(stage.window.mapToGlobal(to));
+    QCoreApplication::processEvents();
+    QTest::mouseRelease(stage.window.windowHandle(), Qt::LeftButton, {}, to);
+    QCOMPARE(stage.steps(), 2);
+    QCOMPARE(stage.status(), QStringLiteral("Move of N4: written"));
 }
 
 void TestMainWindow::badFile()

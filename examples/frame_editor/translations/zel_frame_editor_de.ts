@@ -666,6 +666,24 @@ In der Stabtabelle, nach den Feldern und in der angegebenen Reihenfolge; mehrfac
         <source>%1: this member has no such cell</source>
         <translation>%1: Dieser Stab hat keine solche Zelle</translation>
     </message>
+    <message>
+        <source>Deletion of %1</source>
+        <translation>Löschen von %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Deletion of %n members</source>
+        <translation>
+            <numerusform>Löschen von %n Stab</numerusform>
+            <numerusform>Löschen von %n Stäben</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source> and %n more</source>
+        <translation>
+            <numerusform> und %n weiterer</numerusform>
+            <numerusform> und %n weitere</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::Canvas</name>
@@ -684,6 +702,10 @@ In der Stabtabelle, nach den Feldern und in der angegebenen Reihenfolge; mehrfac
     <message>
         <source>rulers in metres</source>
         <translation>Lineale in Metern</translation>
+    </message>
+    <message>
+        <source>%1: written</source>
+        <translation>%1: übernommen</translation>
     </message>
 </context>
 <context>
@@ -893,6 +915,45 @@ In der Stabtabelle, nach den Feldern und in der angegebenen Reihenfolge; mehrfac
         <source>There is no member &quot;%1&quot;</source>
         <translation>Es gibt keinen Stab „%1“</translation>
     </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1; %2</translation>
+    </message>
+    <message>
+        <source>%1: undone</source>
+        <translation>%1: rückgängig gemacht</translation>
+    </message>
+    <message>
+        <source>%1: redone</source>
+        <translation>%1: wiederholt</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Löschen</translation>
+    </message>
+    <message>
+        <source>&amp;Delete %1</source>
+        <translation>%1 &amp;löschen</translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Delete %n members</source>
+        <translation>
+            <numerusform>%n Stab &amp;löschen</numerusform>
+            <numerusform>%n Stäbe &amp;löschen</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>nothing is deleted</source>
+        <translation>nichts wird gelöscht</translation>
+    </message>
+    <message>
+        <source>%1: done</source>
+        <translation>%1: ausgeführt</translation>
+    </message>
+    <message>
+        <source>nodes that stay without a member: %1</source>
+        <translation>Knoten, die ohne Stab bleiben: %1</translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::MemberList</name>
@@ -922,6 +983,22 @@ In der Stabtabelle, nach den Feldern und in der angegebenen Reihenfolge; mehrfac
     <message>
         <source>a member needs two nodes, a section and a material</source>
         <translation>ein Stab braucht zwei Knoten, einen Querschnitt und einen Werkstoff</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>&amp;Ausschneiden</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Kopieren</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>&amp;Einfügen</translation>
+    </message>
+    <message>
+        <source>C&amp;lear cells</source>
+        <translation>&amp;Zellen leeren</translation>
     </message>
 </context>
 <context>
@@ -1018,6 +1095,10 @@ In der Stabtabelle, nach den Feldern und in der angegebenen Reihenfolge; mehrfac
         <source>%1: %2; nothing is written</source>
         <translation>%1: %2; nichts wird übernommen</translation>
     </message>
+    <message>
+        <source>A rigid link has no such value</source>
+        <translation>Ein starrer Stab hat keinen solchen Wert</translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::PropertyPanel</name>
@@ -1040,13 +1121,6 @@ In der Stabtabelle, nach den Feldern und in der angegebenen Reihenfolge; mehrfac
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
-    </message>
-    <message numerus="yes">
-        <source> and %n more</source>
-        <translation>
-            <numerusform> und %n weiterer</numerusform>
-            <numerusform> und %n weitere</numerusform>
-        </translation>
     </message>
     <message>
         <source>No member is selected</source>

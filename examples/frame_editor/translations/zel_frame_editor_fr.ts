@@ -666,6 +666,24 @@ Dans le tableau des barres, après les champs et dans l’ordre donné&#xa0;; r�
         <source>%1: this member has no such cell</source>
         <translation>%1&#xa0;: cette barre n’a pas cette cellule</translation>
     </message>
+    <message>
+        <source>Deletion of %1</source>
+        <translation>Suppression de %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>Deletion of %n members</source>
+        <translation>
+            <numerusform>Suppression de %n barre</numerusform>
+            <numerusform>Suppression de %n barres</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source> and %n more</source>
+        <translation>
+            <numerusform> et %n autre</numerusform>
+            <numerusform> et %n autres</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::Canvas</name>
@@ -684,6 +702,10 @@ Dans le tableau des barres, après les champs et dans l’ordre donné&#xa0;; r�
     <message>
         <source>rulers in metres</source>
         <translation>règles en mètres</translation>
+    </message>
+    <message>
+        <source>%1: written</source>
+        <translation>%1&#xa0;: pris en compte</translation>
     </message>
 </context>
 <context>
@@ -893,6 +915,45 @@ Dans le tableau des barres, après les champs et dans l’ordre donné&#xa0;; r�
         <source>There is no member &quot;%1&quot;</source>
         <translation>Il n’y a pas de barre «&#xa0;%1&#xa0;»</translation>
     </message>
+    <message>
+        <source>%1; %2</source>
+        <translation>%1&#xa0;; %2</translation>
+    </message>
+    <message>
+        <source>%1: undone</source>
+        <translation>%1&#xa0;: annulé</translation>
+    </message>
+    <message>
+        <source>%1: redone</source>
+        <translation>%1&#xa0;: rétabli</translation>
+    </message>
+    <message>
+        <source>&amp;Delete</source>
+        <translation>&amp;Supprimer</translation>
+    </message>
+    <message>
+        <source>&amp;Delete %1</source>
+        <translation>&amp;Supprimer %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>&amp;Delete %n members</source>
+        <translation>
+            <numerusform>&amp;Supprimer %n barre</numerusform>
+            <numerusform>&amp;Supprimer %n barres</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>nothing is deleted</source>
+        <translation>rien n’est supprimé</translation>
+    </message>
+    <message>
+        <source>%1: done</source>
+        <translation>%1&#xa0;: fait</translation>
+    </message>
+    <message>
+        <source>nodes that stay without a member: %1</source>
+        <translation>nœuds qui restent sans barre&#xa0;: %1</translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::MemberList</name>
@@ -922,6 +983,22 @@ Dans le tableau des barres, après les champs et dans l’ordre donné&#xa0;; r�
     <message>
         <source>a member needs two nodes, a section and a material</source>
         <translation>une barre demande deux nœuds, une section et un matériau</translation>
+    </message>
+    <message>
+        <source>Cu&amp;t</source>
+        <translation>Co&amp;uper</translation>
+    </message>
+    <message>
+        <source>&amp;Copy</source>
+        <translation>&amp;Copier</translation>
+    </message>
+    <message>
+        <source>&amp;Paste</source>
+        <translation>C&amp;oller</translation>
+    </message>
+    <message>
+        <source>C&amp;lear cells</source>
+        <translation>&amp;Effacer les cellules</translation>
     </message>
 </context>
 <context>
@@ -1018,6 +1095,10 @@ Dans le tableau des barres, après les champs et dans l’ordre donné&#xa0;; r�
         <source>%1: %2; nothing is written</source>
         <translation>%1&#xa0;: %2&#xa0;; rien n’est modifié</translation>
     </message>
+    <message>
+        <source>A rigid link has no such value</source>
+        <translation>Une liaison rigide n’a pas cette valeur</translation>
+    </message>
 </context>
 <context>
     <name>frame_editor::PropertyPanel</name>
@@ -1040,13 +1121,6 @@ Dans le tableau des barres, après les champs et dans l’ordre donné&#xa0;; r�
     <message>
         <source>%1: %2</source>
         <translation>%1&#xa0;: %2</translation>
-    </message>
-    <message numerus="yes">
-        <source> and %n more</source>
-        <translation>
-            <numerusform> et %n autre</numerusform>
-            <numerusform> et %n autres</numerusform>
-        </translation>
     </message>
     <message>
         <source>No member is selected</source>
