@@ -19,6 +19,7 @@ private Q_SLOTS:
     void emptyKeyIsNotRecorded();
     void emptyValueMakesNoKey();
     void limitIsFive();
+    void lowerLimitDropsTheOldest();
     void nullStorage();
     void storeIsOneForAllNames();
     void createUsesTheStore();
@@ -137,6 +138,22 @@ void ValueHistoryTest::emptyValueMakesNoKey()
 void ValueHistoryTest::limitIsFive()
 {
     QCOMPARE(ValueHistoryMemoryStorage().m_limit, std::size_t(5));
+}
+
+void ValueHistoryTest::lowerLimitDropsTheOldest()
+{
+    const auto storage = boost::make_shared<ValueHistoryMemoryStorage>();
+    ValueHistory history(L"key", storage);
+    for (const wchar_t* const value : {L"1", L"2", L"3", L"4"}) {
+        history.add(value);
+    }
+    storage->m_limit = 2;
+    QCOMPARE(shown(history), QString("4|3|2|1"));
+    history.add(L"4"); // nothing new, but the limit holds
+    QCOMPARE(shown(history), QString("4|3"));
+    storage->m_limit = 0;
+    history.add(L"5");
+    QCOMPARE(shown(history), QString());
 }
 
 void ValueHistoryTest::nullStorage()

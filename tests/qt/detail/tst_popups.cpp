@@ -11,6 +11,7 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QVBoxLayout>
+#include <QWindow>
 
 #include <boost/make_shared.hpp>
 
@@ -32,6 +33,7 @@ private Q_SLOTS:
     void showsWithTheFocus();
     void focusLossHides_data();
     void focusLossHides();
+    void focusInThePopupKeepsItOpen();
     void focusLossLeavesTheFocusWhereItWent();
     void doesNotTakeTheActivation();
     void deactivationHides();
@@ -199,6 +201,23 @@ void PopupsTest::focusLossHides()
     QFocusEvent out(QEvent::FocusOut, static_cast<Qt::FocusReason>(reason));
     QApplication::sendEvent(m_edit, &out);
     QTEST(!popup.isHidden(), "staysOpen");
+}
+
+void PopupsTest::focusInThePopupKeepsItOpen()
+{
+    PopupBase popup(m_edit);
+    PopupBase other(m_edit);
+    popup.setFocusPolicy(Qt::StrongFocus);
+    focusEdit();
+    // As where the system gives the focus to a window that does not want it.
+    popup.windowHandle()->setFlag(Qt::WindowDoesNotAcceptFocus, false);
+    QApplication::setActiveWindow(&popup);
+    popup.setFocus();
+    QCOMPARE(QApplication::focusWidget(), &popup);
+    QFocusEvent out(QEvent::FocusOut, Qt::MouseFocusReason);
+    QApplication::sendEvent(m_edit, &out);
+    QVERIFY(!popup.isHidden());
+    QVERIFY(other.isHidden());
 }
 
 void PopupsTest::focusLossLeavesTheFocusWhereItWent()
@@ -370,11 +389,15 @@ void PopupsTest::listFillsThePopup()
     QFETCH(QString, widest);
     QFETCH(int, pixelSize);
     HistoryPopup popup(m_edit);
-    popup.setValueHistory(historyOf({"1", "2", widest, "3", "4", "5"}));
     auto* list = popup.findChild<QListWidget*>();
     QFont font = list->font();
     font.setPixelSize(pixelSize);
     list->setFont(font);
+    focusEdit();
+    QCOMPARE(popup.size(), QSize(0, 0));
+
+    popup.setValueHistory(historyOf({"1", "2", widest, "3", "4", "5"}));
+    m_other->setFocus();
     focusEdit();
     QCOMPARE(popup.size(), popup.sizeHint());
     QCOMPARE(list->geometry(), popup.rect());
@@ -384,11 +407,6 @@ void PopupsTest::listFillsThePopup()
     QVERIFY(list->viewport()->width() >= list->sizeHintForColumn(0));
     QCOMPARE(list->verticalScrollBar()->maximum(), 0);
     QCOMPARE(list->horizontalScrollBar()->maximum(), 0);
-
-    popup.setValueHistory(historyOf({}));
-    m_other->setFocus();
-    focusEdit();
-    QCOMPARE(popup.size(), QSize(0, 0));
 }
 
 void PopupsTest::historyIsReadAtEachShow()

@@ -25,7 +25,7 @@ struct Library
     double metresPerShown = 1.0;
     int decimals = 3;
     std::string label = "m";
-    bool labelFound = true;
+    int labelResult = 1;
 
     std::vector<std::pair<int, int>> askedDecimals;
     std::vector<std::pair<int, int>> askedUnits;
@@ -107,7 +107,7 @@ void DistanceEditValidatorTest::init()
             m_library.labelZeroed = m_library.labelZeroed && buffer[i] == '\0';
         }
         std::strcpy(buffer, m_library.label.c_str());
-        return m_library.labelFound ? 1 : 0;
+        return m_library.labelResult;
     };
     m_previous = zel::units::v1::set_unit_library(std::move(library));
 }
@@ -399,22 +399,23 @@ void DistanceEditValidatorTest::formats()
 void DistanceEditValidatorTest::labelStandsBehindTheNumber_data()
 {
     QTest::addColumn<QString>("label");
-    QTest::addColumn<bool>("found");
+    QTest::addColumn<int>("result");
     QTest::addColumn<QString>("text");
-    QTest::newRow("label") << "m" << true << "1.500 m";
-    QTest::newRow("not of ASCII") << QString::fromUtf8("\u00b5m") << true
+    QTest::newRow("label") << "m" << 1 << "1.500 m";
+    QTest::newRow("not of ASCII") << QString::fromUtf8("\u00b5m") << 1
                                   << QString::fromUtf8("1.500 \u00b5m");
-    QTest::newRow("empty") << "" << true << "1.500";
-    QTest::newRow("not found") << "m" << false << "1.500";
-    QTest::newRow("longest") << QString(30, 'x') << true << "1.500 " + QString(30, 'x');
+    QTest::newRow("empty") << "" << 1 << "1.500";
+    QTest::newRow("not found") << "m" << 0 << "1.500";
+    QTest::newRow("another success") << "m" << -1 << "1.500 m";
+    QTest::newRow("longest") << QString(30, 'x') << 1 << "1.500 " + QString(30, 'x');
 }
 
 void DistanceEditValidatorTest::labelStandsBehindTheNumber()
 {
     QFETCH(QString, label);
-    QFETCH(bool, found);
+    QFETCH(int, result);
     m_library.label = label.toStdString();
-    m_library.labelFound = found;
+    m_library.labelResult = result;
     DistanceEditValidator validator(1007);
     QCOMPARE(reformatted(validator, 1500.0), QString("1.500"));
     QVERIFY(m_library.askedLabels.empty());

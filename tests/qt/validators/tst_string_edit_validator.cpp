@@ -1,5 +1,6 @@
 #include "qt/inc/validators.h"
 #include "tests/helpers/checked_test.h"
+#include "tests/helpers/scoped_global_locale.h"
 #include "tests/helpers/validation.h"
 
 #include <boost/regex.hpp>
@@ -23,6 +24,33 @@ QString reformatted(IValidator& validator, const boost::any& value)
 /// One character outside the basic plane: one wide character, two units of a QString.
 const QString beyond = QString::fromUcs4(U"\U0001D400", 1);
 
+/// The capitals of Turkish, whatever locales the machine has: that of "i" has a dot, and there is
+/// none among the single bytes.
+template <class Char>
+class TurkishCapitals : public std::ctype<Char>
+{
+public:
+    explicit TurkishCapitals(Char dotted)
+        : m_dotted(dotted)
+    {}
+
+protected:
+    Char do_toupper(Char c) const override
+    {
+        return c == Char('i') ? m_dotted : std::ctype<Char>::do_toupper(c);
+    }
+    const Char* do_toupper(Char* first, const Char* last) const override
+    {
+        for (; first != last; ++first) {
+            *first = do_toupper(*first);
+        }
+        return last;
+    }
+
+private:
+    Char m_dotted;
+};
+
 } // namespace
 
 class StringEditValidatorTest : public zel::test::CheckedTest
@@ -36,8 +64,11 @@ private Q_SLOTS:
     void hugeLengthsRefuse();
     void lengthCountsTheUnitsOfTheText();
     void mapsToUpperCase();
+    void capitalsAreThoseOfTheGlobalLocale();
     void testsTheExpression_data();
     void testsTheExpression();
+    void expressionMatchesTheWholeText_data();
+    void expressionMatchesTheWholeText();
     void expressionSeesTheMappedText();
     void emptyExpressionMatchesAll();
     void malformedExpressionThrows();
@@ -131,6 +162,20 @@ void StringEditValidatorTest::mapsToUpperCase()
     QCOMPARE(reformatted(validator, std::wstring(L"abc")), QString("abc"));
 }
 
+void StringEditValidatorTest::capitalsAreThoseOfTheGlobalLocale()
+{
+    StringEditValidator validator(5);
+    validator.setUpperCase(true);
+    const std::locale turkishBytes(std::locale::classic(), new TurkishCapitals<char>('i'));
+    const zel::test::ScopedGlobalLocale scoped(
+        std::locale(turkishBytes, new TurkishCapitals<wchar_t>(L'\u0130')));
+    const std::wstring capitals = L"T\u0130P";
+    const boost::any value = validated(validator, "tip").value;
+    QVERIFY(boost::any_cast<std::wstring>(value) == capitals);
+    QCOMPARE(reformatted(validator, std::wstring(L"tip")), QString::fromStdWString(capitals));
+    QCOMPARE(reformatted(validator, std::string("tip")), QString("TiP"));
+}
+
 void StringEditValidatorTest::testsTheExpression_data()
 {
     QTest::addColumn<QString>("text");
@@ -154,6 +199,30 @@ void StringEditValidatorTest::testsTheExpression()
     QFETCH(QString, text);
     StringEditValidator validator(7);
     validator.setAllowedRegex(colour);
+    QTEST(validated(validator, text).told(), "answer");
+}
+
+void StringEditValidatorTest::expressionMatchesTheWholeText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("answer");
+    QTest::newRow("all of it") << "12"
+                               << "true wstring '12'";
+    QTest::newRow("more behind") << "12a"
+                                 << "false untouched";
+    QTest::newRow("more in front") << "a12"
+                                   << "false untouched";
+    QTest::newRow("the longer alternative") << "ab"
+                                            << "true wstring 'ab'";
+    QTest::newRow("only the shorter alternative fits") << "ac"
+                                                       << "false untouched";
+}
+
+void StringEditValidatorTest::expressionMatchesTheWholeText()
+{
+    QFETCH(QString, text);
+    StringEditValidator validator(7);
+    validator.setAllowedRegex(L"\\d+|a|ab");
     QTEST(validated(validator, text).told(), "answer");
 }
 
