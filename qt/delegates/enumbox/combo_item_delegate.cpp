@@ -40,7 +40,13 @@ SimpleEnumBox* boxAround(QObject* object)
 void markMouseChoice(SimpleEnumBox* box)
 {
     box->setProperty(mouseChoiceProperty, true);
-    QTimer::singleShot(0, box, [box] { box->setProperty(mouseChoiceProperty, QVariant()); });
+    // Not by an event of the box: a view that the list's end makes commit delivers those at once,
+    // before the choice itself is told.
+    QTimer::singleShot(0, [alive = QPointer<SimpleEnumBox>(box)] {
+        if (alive) {
+            alive->setProperty(mouseChoiceProperty, QVariant());
+        }
+    });
 }
 
 bool isEscape(const QEvent* event)

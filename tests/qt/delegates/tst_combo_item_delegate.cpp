@@ -175,6 +175,7 @@ private Q_SLOTS:
     void modelThatSortsByTheText();
     void modelThatHidesTheRow();
     void persistentEditorShowsWhatWasWritten();
+    void clickInAPersistentEditorWithoutFocus();
     void markOfTheMouseIsPassing();
     void boxGoneBeforeTheMarkIsCleared();
     void emitCommitData_data();
@@ -666,6 +667,21 @@ void ComboItemDelegateTest::persistentEditorShowsWhatWasWritten()
     QCOMPARE(boost::any_cast<int>(f.model.value(0, 0)), 2);
 }
 
+void ComboItemDelegateTest::clickInAPersistentEditorWithoutFocus()
+{
+    Fixture f;
+    QVERIFY(showActive(f.window));
+    f.view->openPersistentEditor(f.model.index(0, 0));
+    MultiEditEnumBox* box = f.editor();
+    QVERIFY(box != nullptr);
+    f.view->setFocus();
+    Fixture::combo(box)->showPopup();
+    settle();
+    Fixture::clickItem(box, 2);
+    QCOMPARE(boost::any_cast<int>(f.model.value(0, 0)), 3);
+    QVERIFY(f.editor() == box);
+}
+
 void ComboItemDelegateTest::markOfTheMouseIsPassing()
 {
     Fixture f;
@@ -679,6 +695,10 @@ void ComboItemDelegateTest::markOfTheMouseIsPassing()
     QMouseEvent release(QEvent::MouseButtonRelease, QPointF(1, 1), Qt::LeftButton, Qt::NoButton,
                         {});
     f.delegate->eventFilter(viewport, &release);
+    QCOMPARE(box->property(commitProperty), QVariant(true));
+    // A view that is told of the end of editing while the list closes delivers what is pending for
+    // the editor. The choice is told behind that.
+    QCoreApplication::sendPostedEvents(box, 0);
     QCOMPARE(box->property(commitProperty), QVariant(true));
     Q_EMIT box->activated(0);
     QCOMPARE(f.commits, QList<QWidget*>{box});
