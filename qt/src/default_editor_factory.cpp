@@ -9,6 +9,7 @@
 #include "qt/inc/validators/unit_validator.h"
 #include "qt/src/yes_no.h"
 
+#include <QPointer>
 #include <QTimer>
 
 namespace zel::qt {
@@ -68,7 +69,12 @@ std::unique_ptr<Editor> buildCallback(const HintTree& hints)
     auto editor = std::make_unique<Editor>();
     editor->control = new MultiEditValue(isEqual);
     editor->widget = widget.release();
-    QTimer::singleShot(0, [editor = editor.get(), callback] {
+    // A view may have taken its widget away again by then: the cell is gone, and its value with it.
+    const QPointer<QWidget> alive = editor->widget;
+    QTimer::singleShot(0, [editor = editor.get(), alive, callback] {
+        if (!alive) {
+            return;
+        }
         boost::any value = editor->control->getCurrentValue();
         editor->widget->deleteLater();
         if (callback(editor->widget, value)) {

@@ -34,10 +34,10 @@ namespace zel::qt {
 /// the next turn of the event loop, when the caller has passed the initial value, it calls the
 /// function with the widget and the value; if the function answers true, `control` reads the value
 /// back. A missing "callback" or "is_equal" reports the assertion "callback && equal_fn" and the
-/// result is null. The caller keeps the Editor, its control and its widget alive until then: the
-/// timer holds them by plain pointer. The widget is on its way out by itself while the function
-/// runs. `control` is a MultiEditValue of its own, which the caller deletes as such when it has
-/// asked it for the value.
+/// result is null. The caller keeps the Editor and its control alive until then: the timer holds
+/// them by plain pointer. A widget that is gone by then calls the function off. The widget is on
+/// its way out by itself while the function runs. `control` is a MultiEditValue of its own, which
+/// the caller deletes as such when it has asked it for the value.
 ///
 /// A hint of another type throws boost::bad_any_cast, an unknown kind or validator key
 /// std::out_of_range. Nothing is left behind then.

@@ -167,6 +167,7 @@ private Q_SLOTS:
 
     void callbackRunsOnTheNextTurn();
     void callbackThatAnswersFalse();
+    void callbackWhoseWidgetIsGone();
     void callbackNeedsBothHints_data();
     void callbackNeedsBothHints();
 
@@ -609,6 +610,24 @@ void EditorFactoryTest::callbackThatAnswersFalse()
     QCOMPARE(calls, 1);
     QCOMPARE(boost::any_cast<int>(control->getCurrentValue()), 5);
     QTRY_VERIFY(widget.isNull());
+}
+
+void EditorFactoryTest::callbackWhoseWidgetIsGone()
+{
+    int calls = 0;
+    HintTree hints;
+    put(hints, "is_equal", EqualFn(&equalInts));
+    put(hints, "callback", CallbackFn([&](QWidget*, boost::any&) {
+            ++calls;
+            return true;
+        }));
+    const DefaultEditorFactory factory(nullptr);
+    auto editor = factory.create("callback", hints);
+    const std::unique_ptr<MultiEditValue> control(dynamic_cast<MultiEditValue*>(editor->control));
+    delete editor->widget;
+    editor.reset();
+    runDeferred();
+    QCOMPARE(calls, 0);
 }
 
 void EditorFactoryTest::callbackNeedsBothHints_data()
