@@ -15,7 +15,8 @@
 namespace zel::qt::detail {
 
 /// A QTableView over a table of typed values with the spreadsheet keys of a data table: Delete and
-/// Backspace clear the selected cells, Cut, Copy and Paste work on them through the clipboard.
+/// Backspace clear the selected cells, Cut, Copy and Paste work on them through the clipboard. Keys
+/// typed into the open editor of a cell are never these, even if the editor has no use for them.
 ///
 /// A cell's value stands in the model under EditRole (see roles.h), and only that role is written:
 /// the text under DisplayRole is for the model to renew. The clipboard holds text, translated by

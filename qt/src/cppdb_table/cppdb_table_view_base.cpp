@@ -5,8 +5,8 @@
 #include "qt/src/cppdb_table/clipboard_text.h"
 #include "qt/src/row_tracker.h"
 
+#include <QApplication>
 #include <QClipboard>
-#include <QGuiApplication>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -235,8 +235,13 @@ void CppDbTableViewBase::setCreateNewRowHandler(
 
 void CppDbTableViewBase::keyPressEvent(QKeyEvent* event)
 {
-    if (event->matches(QKeySequence::Delete) ||
-        (event->type() == QEvent::KeyPress && event->key() == Qt::Key_Backspace)) {
+    const QWidget* focus = QApplication::focusWidget();
+    if (focus != nullptr && viewport()->isAncestorOf(focus)) {
+        // Typed into the open editor of a cell, which has no use for the key. A combo box, for one,
+        // leaves all of these, and whoever corrects a search in it by Backspace clears no cells.
+        QTableView::keyPressEvent(event);
+    } else if (event->matches(QKeySequence::Delete) ||
+               (event->type() == QEvent::KeyPress && event->key() == Qt::Key_Backspace)) {
         clearSelectedCells();
     } else if (event->matches(QKeySequence::Cut)) {
         copySelectedCells();
@@ -270,13 +275,13 @@ void CppDbTableViewBase::copySelectedCells() const
         return;
     }
     ColumnValidators validators(m_getColumnValidator);
-    QGuiApplication::clipboard()->setText(selected.size() == 1 ? validators.textOf(selected.first())
-                                                               : blockText(selected, validators));
+    QApplication::clipboard()->setText(selected.size() == 1 ? validators.textOf(selected.first())
+                                                            : blockText(selected, validators));
 }
 
 void CppDbTableViewBase::pasteOverSelectedCells()
 {
-    const QMimeData* mime = QGuiApplication::clipboard()->mimeData();
+    const QMimeData* mime = QApplication::clipboard()->mimeData();
     if (mime == nullptr || !mime->hasText()) {
         return;
     }

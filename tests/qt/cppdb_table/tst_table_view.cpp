@@ -1,3 +1,5 @@
+#include "qt/inc/controls/enum_box.h"
+#include "qt/inc/delegates/combo_item_delegate.h"
 #include "qt/inc/delegates/roles.h"
 #include "qt/inc/table_view.h"
 #include "tests/helpers/active_window.h"
@@ -9,6 +11,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QSortFilterProxyModel>
 #include <QStandardItemModel>
@@ -199,6 +202,7 @@ private Q_SLOTS:
     void modelThatResets_data();
     void modelThatResets();
     void otherKeys();
+    void keysInTheEditorStayThere_data();
     void keysInTheEditorStayThere();
     void modelGone();
 };
@@ -904,19 +908,50 @@ void TableViewTest::otherKeys()
     QVERIFY(f.model.writes.empty());
 }
 
+void TableViewTest::keysInTheEditorStayThere_data()
+{
+    QTest::addColumn<bool>("combo");
+    QTest::newRow("line edit") << false;
+    QTest::newRow("combo box, which leaves them to its parents") << true;
+}
+
 void TableViewTest::keysInTheEditorStayThere()
 {
+    QFETCH(bool, combo);
     Fixture f;
-    f.view.setSelectionMode(QAbstractItemView::ExtendedSelection);
+    ComboItemDelegate delegate(
+        nullptr,
+        [](MultiEditEnumBox& box, const QModelIndex&) {
+            box.setValues({{"eleven", 11}, {"twelve", 12}});
+        },
+        [](const boost::any& a, const boost::any& b) {
+            return boost::any_cast<int>(a) == boost::any_cast<int>(b);
+        },
+        nullptr);
+    if (combo) {
+        f.view.setItemDelegate(&delegate);
+    }
     QVERIFY(showActive(f.view));
-    f.view.setCurrentIndex(f.model.index(1, 1));
+    f.view.selectAll();
+    f.view.selectionModel()->setCurrentIndex(f.model.index(1, 1), QItemSelectionModel::NoUpdate);
     f.view.edit(f.model.index(1, 1));
-    QWidget* editor = QApplication::focusWidget();
+    QPointer<QWidget> editor = QApplication::focusWidget();
     QVERIFY(editor != nullptr && editor != &f.view);
+    QGuiApplication::clipboard()->setText(QStringLiteral("5"));
     QTest::keyClick(editor, Qt::Key_Backspace);
     QTest::keyClick(editor, Qt::Key_Delete);
-    QVERIFY(f.model.writes.empty());
+    QTest::keySequence(editor, QKeySequence(QKeySequence::Cut));
+    QTest::keySequence(editor, QKeySequence(QKeySequence::Paste));
+    QCOMPARE(f.writes(), QString());
     QTest::keyClick(editor, Qt::Key_Escape);
+    QTRY_VERIFY(editor == nullptr);
+
+    // Back in the table they are the table's again.
+    QVERIFY(f.view.hasFocus());
+    f.select({{1, 1}});
+    f.press(QKeySequence::Delete);
+    QCOMPARE(f.writes(), QString("1,1=-"));
+    f.view.setItemDelegate(nullptr);
 }
 
 void TableViewTest::modelGone()
