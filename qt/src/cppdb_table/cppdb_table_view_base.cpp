@@ -10,6 +10,7 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPointer>
 
 #include <algorithm>
 #include <climits>
@@ -80,7 +81,7 @@ public:
     }
 
 private:
-    const ColumnValidatorFn& m_fn;
+    const ColumnValidatorFn m_fn; // its own, the view may go while values are written
     std::vector<boost::optional<boost::shared_ptr<IValidator>>> m_validators; // none: not asked
 };
 
@@ -312,6 +313,9 @@ void CppDbTableViewBase::pasteValue(const QString& text, const QModelIndexList& 
 
 void CppDbTableViewBase::pasteBlock(const QString& text, int top, int left)
 {
+    // The handler, or whoever hears of a value, may close the window with the table.
+    const QPointer<CppDbTableViewBase> view = this;
+    const QPointer<QAbstractItemModel> model = m_model;
     ColumnValidators validators(m_getColumnValidator);
     const QVector<QStringRef> rows = clipboardRows(text);
     const int present = std::min(m_model->rowCount(QModelIndex()) - top, rows.size());
@@ -327,22 +331,23 @@ void CppDbTableViewBase::pasteBlock(const QString& text, int top, int left)
         }
     }
     // The tracker is gone by now: a model adjusts every persistent index at each new row.
-    for (; i < rows.size(); ++i) {
+    for (; i < rows.size() && view && model; ++i) {
         const int target = top + i;
         std::deque<boost::optional<boost::any>> values;
         validators.read(rows[i], left, values);
-        if (target < m_model->rowCount(QModelIndex())) { // the handler may make rows ahead
+        if (target < model->rowCount(QModelIndex())) { // the handler may make rows ahead
             writeRow(left, values, [&](int column, const QVariant& value) {
-                const QModelIndex index = m_model->index(target, column, QModelIndex());
+                const QModelIndex index =
+                    model ? model->index(target, column, QModelIndex()) : QModelIndex();
                 if (index.isValid()) {
-                    m_model->setData(index, value, EditRole);
+                    model->setData(index, value, EditRole);
                 }
             });
             continue;
         }
         const auto createNewRow = m_createNewRow; // it may replace itself while it runs
         createNewRow(left, values);
-        if (target >= m_model->rowCount(QModelIndex())) {
+        if (!model || target >= model->rowCount(QModelIndex())) {
             return;
         }
     }

@@ -204,6 +204,9 @@ private Q_SLOTS:
     void otherKeys();
     void keysInTheEditorStayThere_data();
     void keysInTheEditorStayThere();
+    void viewGoesDuringAPaste_data();
+    void viewGoesDuringAPaste();
+    void handlerThatClosesTheWindow();
     void modelGone();
 };
 
@@ -952,6 +955,65 @@ void TableViewTest::keysInTheEditorStayThere()
     f.press(QKeySequence::Delete);
     QCOMPARE(f.writes(), QString("1,1=-"));
     f.view.setItemDelegate(nullptr);
+}
+
+void TableViewTest::viewGoesDuringAPaste_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("written");
+    QTest::newRow("one value") << "5"
+                               << "0,0=5 0,1=5 1,0=5 1,1=5";
+    QTest::newRow("block within the rows") << "5\t6\n7\t8\n"
+                                           << "0,0=5 0,1=6 1,0=7 1,1=8";
+    QTest::newRow("block beyond them") << "5\t6\n7\t8\n9\t9\n"
+                                       << "0,0=5 0,1=6 1,0=7 1,1=8";
+}
+
+void TableViewTest::viewGoesDuringAPaste()
+{
+    QFETCH(QString, text);
+    struct View : CppDbTableViewBase
+    {
+        using CppDbTableViewBase::CppDbTableViewBase;
+        using CppDbTableViewBase::keyPressEvent;
+    };
+    Fixture f(2);
+    const QPointer<View> view = new View(
+        &f.model, [&f](int column) { return f.validatorOf(column); }, nullptr);
+    const QItemSelection block(f.model.index(0, 0), f.model.index(1, 1));
+    view->selectionModel()->select(block, QItemSelectionModel::Select);
+    QObject::connect(&f.model, &QAbstractItemModel::dataChanged, view, [view] { delete view; });
+    QGuiApplication::clipboard()->setText(text);
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
+    view->keyPressEvent(&key);
+    QVERIFY(view == nullptr);
+    // What was in hand is written; no new row is asked for.
+    QTEST(f.writes(), "written");
+}
+
+void TableViewTest::handlerThatClosesTheWindow()
+{
+    struct View : CppDbTableViewBase
+    {
+        using CppDbTableViewBase::CppDbTableViewBase;
+        using CppDbTableViewBase::keyPressEvent;
+    };
+    Fixture f(1);
+    const QPointer<View> view = new View(
+        &f.model, [&f](int column) { return f.validatorOf(column); }, nullptr);
+    int calls = 0;
+    view->setCreateNewRowHandler([&](int, const std::deque<boost::optional<boost::any>>&) {
+        ++calls;
+        f.model.insertRows(f.model.rowCount(), 1);
+        delete view;
+    });
+    view->selectionModel()->select(f.model.index(0, 0), QItemSelectionModel::Select);
+    QGuiApplication::clipboard()->setText(QStringLiteral("5\n6\n7\n"));
+    QKeyEvent key(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
+    view->keyPressEvent(&key);
+    QVERIFY(view == nullptr);
+    QCOMPARE(calls, 1);
+    QCOMPARE(f.model.rowCount(), 2);
 }
 
 void TableViewTest::modelGone()
