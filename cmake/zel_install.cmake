@@ -16,7 +16,9 @@ set(zel_library_rpath "\$ORIGIN")
 set(zel_program_rpath "\$ORIGIN/${zel_bin_to_lib}")
 function(zel_install_without_rpath component file)
     install(CODE "if(CMAKE_INSTALL_PREFIX STREQUAL \"/usr\")
-            file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}/usr/${file}\")
+            set(zel_file \"${file}\")
+            cmake_path(ABSOLUTE_PATH zel_file BASE_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}\")
+            file(RPATH_REMOVE FILE \"\$ENV{DESTDIR}\${zel_file}\")
         endif()"
         COMPONENT ${component})
 endfunction()
@@ -45,6 +47,9 @@ function(zel_install_library target name)
     file(RELATIVE_PATH zel_pc_to_prefix
          ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
     string(REGEX REPLACE "/$" "" zel_pc_to_prefix "${zel_pc_to_prefix}")
+    file(RELATIVE_PATH zel_pc_libdir ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
+    file(RELATIVE_PATH zel_pc_includedir
+         ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR}/zel)
     configure_file(cmake/zel-${name}.pc.in zel-${name}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/zel-${name}.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
@@ -78,7 +83,9 @@ if(TARGET frame_editor)
     set_target_properties(frame_editor PROPERTIES INSTALL_RPATH "${zel_program_rpath}")
     install(TARGETS frame_editor RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT example)
     zel_install_without_rpath(example ${CMAKE_INSTALL_BINDIR}/frame_editor)
-    install(CODE "set(zel_bin \"\$ENV{DESTDIR}\${CMAKE_INSTALL_PREFIX}/${CMAKE_INSTALL_BINDIR}\")
+    install(CODE "set(zel_bin \"${CMAKE_INSTALL_BINDIR}\")
+        cmake_path(ABSOLUTE_PATH zel_bin BASE_DIRECTORY \"\${CMAKE_INSTALL_PREFIX}\")
+        set(zel_bin \"\$ENV{DESTDIR}\${zel_bin}\")
         file(RENAME \"\${zel_bin}/frame_editor\" \"\${zel_bin}/zel-frame-editor\")"
         COMPONENT example)
     install(DIRECTORY examples/frame_editor/models examples/frame_editor/forms

@@ -32,6 +32,7 @@ public:
                       const char* name = nullptr);
 };
 
+/// A row. It becomes the layout of its parent; without one the caller puts it into another layout.
 class ZEL_QT_EXPORT ZEL_QT_HBoxLayout : public QHBoxLayout
 {
     Q_OBJECT
@@ -39,6 +40,7 @@ public:
     explicit ZEL_QT_HBoxLayout(QWidget* parent = nullptr);
 };
 
+/// A column; the parent is what it is for a row.
 class ZEL_QT_EXPORT ZEL_QT_VBoxLayout : public QVBoxLayout
 {
     Q_OBJECT

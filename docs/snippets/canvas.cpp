@@ -1,15 +1,17 @@
 #include "docs/snippets/expect.h"
+//! [headers]
 #include "qt/inc/editor2d.h"
 #include "qt/inc/graphics.h"
 
-#include <QApplication>
 #include <QGraphicsScene>
+#include <QMouseEvent>
 #include <QPainter>
-#include <QTest>
-
-#include <memory>
 
 using namespace zel::qt;
+//! [headers]
+
+#include <QApplication>
+#include <QTest>
 
 namespace {
 

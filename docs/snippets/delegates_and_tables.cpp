@@ -1,17 +1,20 @@
 #include "docs/snippets/expect.h"
+//! [headers]
 #include "qt/inc/delegates.h"
 #include "qt/inc/table_view.h"
 #include "qt/inc/validators.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QLineEdit>
 #include <QStandardItemModel>
-#include <QTest>
 
 #include <boost/make_shared.hpp>
 
 using namespace zel::qt;
+//! [headers]
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QTest>
 
 namespace {
 

@@ -1,19 +1,22 @@
 #include "docs/snippets/expect.h"
+//! [headers]
 #include "platform/environment.h"
 #include "platform/smart_assert.h"
-#include "qt/inc/controls.h"
-#include "qt/inc/validators.h"
 #include "units/inc/units.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QLocale>
-#include <QTemporaryDir>
 #include <QTranslator>
 
 #include <cstring>
 
 using namespace zel;
+//! [headers]
+
+#include "qt/inc/controls.h"
+#include "qt/inc/validators.h"
+
+#include <QTemporaryDir>
 
 namespace {
 

@@ -1,20 +1,22 @@
 #include "docs/snippets/expect.h"
+//! [headers]
 #include "qt/inc/controls.h"
 #include "qt/inc/validators.h"
 #include "units/inc/units.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QTest>
-
 #include <boost/make_shared.hpp>
-
-#include <cmath>
 
 using namespace zel::qt;
 using namespace zel::units;
 using zel::units::v1::Context;
 using zel::units::v1::IConverter;
+//! [headers]
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+
+#include <cmath>
 
 namespace {
 

@@ -1,16 +1,18 @@
-#include "base/key_value_storage.h"
 #include "docs/snippets/expect.h"
+//! [headers]
+#include "base/key_value_storage.h"
 #include "qt/inc/controls.h"
 #include "qt/inc/validators.h"
+
+#include <vector>
+
+using namespace zel::qt;
+//! [headers]
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QTest>
-
-#include <vector>
-
-using namespace zel::qt;
 
 //! [object]
 struct Member

@@ -162,7 +162,7 @@ Form loadForm(const QString& fileName)
 QStringList formFiles()
 {
     const QDir program(QCoreApplication::applicationDirPath());
-    for (const char* place : {"forms", "../share/zel/frame_editor/forms"}) {
+    for (const char* place : {"forms", FRAME_EDITOR_DATA "/forms"}) {
         const QDir folder(program.filePath(QLatin1String(place)));
         QStringList files;
         const QStringList names =

@@ -19,10 +19,8 @@ namespace frame_editor {
 
 void registerTranslations()
 {
-    //! [register]
     initFrameEditorTranslations(); // Q_INIT_RESOURCE: the files stand in a static library
     static const ZEL_QT_InitTranslator translator("zel_frame_editor");
-    //! [register]
 }
 
 void loadQtTranslations()

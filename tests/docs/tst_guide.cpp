@@ -21,15 +21,21 @@ QDir root()
     return QDir(QStringLiteral(ZEL_SOURCE_DIR));
 }
 
-/// The lines between the marks "//! [name]" of a file, without their common indentation. The marks
-/// switch on and off, so that lines in between can be left out.
+/// The lines between the marks "//! [name]" of a file, in CMake "#! [name]", without their common
+/// indentation. The marks switch on and off, so that lines in between can be left out. The name "*"
+/// is the whole file.
 QStringList snippetLines(const QString& fileName, const QString& name)
 {
     QStringList lines;
+    if (name == "*") {
+        lines = linesOf(fileName);
+        lines.removeLast(); // behind the last line end
+        return lines;
+    }
     bool inside = false;
     int indentation = 1000;
     for (const QString& line : linesOf(fileName)) {
-        if (line.trimmed() == "//! [" + name + "]") {
+        if (line.trimmed() == "//! [" + name + "]" || line.trimmed() == "#! [" + name + "]") {
             inside = !inside;
         } else if (inside && !line.trimmed().startsWith("//! [")) {
             lines.append(line);
@@ -53,6 +59,11 @@ class GuideTest : public zel::test::CheckedTest
 private Q_SLOTS:
     void quotesItsSources_data();
     void quotesItsSources();
+    void showsNoCodeBesides_data()
+    {
+        quotesItsSources_data();
+    }
+    void showsNoCodeBesides();
     void linksLeadSomewhere_data()
     {
         quotesItsSources_data();
@@ -84,11 +95,11 @@ void GuideTest::quotesItsSources()
     const QStringList lines = linesOf(root().filePath(page));
     QVERIFY(!lines.isEmpty());
     for (int i = 0; i < lines.size(); ++i) {
-        if (lines.at(i) != QLatin1String("```cpp")) {
+        const auto match = source.match(i > 0 ? lines.at(i - 1) : QString());
+        if (lines.at(i) != QLatin1String("```cpp") && !match.hasMatch()) {
             continue;
         }
-        const auto match = source.match(i > 0 ? lines.at(i - 1) : QString());
-        QVERIFY2(match.hasMatch(),
+        QVERIFY2(match.hasMatch() && lines.at(i).startsWith(QLatin1String("```")),
                  qPrintable(QStringLiteral("line %1 quotes no source").arg(i + 1)));
         const int end = lines.indexOf(QStringLiteral("```"), i);
         QVERIFY(end > i);
@@ -97,6 +108,20 @@ void GuideTest::quotesItsSources()
         QVERIFY2(!wanted.isEmpty(), qPrintable(match.captured(0)));
         QCOMPARE(lines.mid(i + 1, end - i - 1).join('\n'), wanted.join('\n'));
         i = end;
+    }
+}
+
+/// A block that is merely indented is a command or a text. C++ would escape the test above.
+void GuideTest::showsNoCodeBesides()
+{
+    QFETCH(QString, page);
+    bool fenced = false;
+    for (const QString& line : linesOf(root().filePath(page))) {
+        fenced = fenced != line.startsWith(QLatin1String("```"));
+        if (!fenced && line.startsWith(QLatin1String("    "))) {
+            QVERIFY2(!line.endsWith(';') && !line.trimmed().startsWith("#include"),
+                     qPrintable(line));
+        }
     }
 }
 

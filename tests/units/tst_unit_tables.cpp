@@ -2,6 +2,8 @@
 #include "tests/helpers/data_file.h"
 #include "units/inc/units.h"
 
+#include <QFile>
+
 // The tables are no part of what the library exports, so they are compiled once more here.
 #include "units/src/definitions/unit_table.cpp"
 #include "units/src/unitset/unit_set_table.cpp"
@@ -19,6 +21,7 @@ private Q_SLOTS:
     void unitSets_data();
     void unitSets();
     void idsStandInTableOrder();
+    void thePageHasAllUnitSets();
 };
 
 namespace {
@@ -160,6 +163,39 @@ void UnitTablesTest::idsStandInTableOrder()
     QCOMPARE(ids[1], 1);
     QCOMPARE(ids[2], 2);
     QCOMPARE(ids[399], 0);
+}
+
+/// docs/unit_sets.md has one row for each unit set, as the tables tell it.
+void UnitTablesTest::thePageHasAllUnitSets()
+{
+    const ZelUnitProvider units;
+    const auto label = [&](std::int32_t id) {
+        return QLatin1Char('`') + QString::fromStdString(units.get_label(UnitId(id))) +
+               QLatin1Char('`');
+    };
+    QStringList wanted;
+    for (const detail::UnitSetRow& set : detail::unitSetTable) {
+        if (set.id == 0) {
+            continue; // the place that all ids without a unit set fall back to
+        }
+        QStringList typed;
+        for (const UnitId unit : units.get_set_units(UnitId(set.id))) {
+            typed << QStringLiteral("%1 %2").arg(label(unit)).arg(int(unit));
+        }
+        wanted << QStringLiteral("| %1 | %2 | %3 | %4 | %5 |")
+                      .arg(set.id)
+                      .arg(QLatin1String(set.name), label(set.defaults[0].unit),
+                           label(set.defaults[8].unit), typed.join(QStringLiteral(", ")));
+    }
+    QFile page(QStringLiteral(ZEL_SOURCE_DIR "/docs/unit_sets.md"));
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    QStringList found;
+    for (const QString& line : QString::fromUtf8(page.readAll()).split(QLatin1Char('\n'))) {
+        if (line.startsWith(QLatin1String("| 1"))) {
+            found << line;
+        }
+    }
+    QCOMPARE(found.join(QLatin1Char('\n')), wanted.join(QLatin1Char('\n')));
 }
 
 QTEST_GUILESS_MAIN(UnitTablesTest)

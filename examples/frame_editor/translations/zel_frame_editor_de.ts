@@ -207,7 +207,7 @@
     </message>
     <message>
         <source>an unknown escape inside a text</source>
-        <translation>eine unbekannte Maskierung in einem Text</translation>
+        <translation>eine unbekannte Escape-Sequenz in einem Text</translation>
     </message>
     <message>
         <source>null</source>
@@ -610,11 +610,11 @@ nichts wird geschrieben.
     </message>
     <message>
         <source>%1 is less than %2</source>
-        <translation>%1 ist weniger als %2</translation>
+        <translation>%1 ist kleiner als %2</translation>
     </message>
     <message>
         <source>%1 is more than %2</source>
-        <translation>%1 ist mehr als %2</translation>
+        <translation>%1 ist größer als %2</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is not in the list</source>
@@ -1013,7 +1013,7 @@ In der Stabtabelle, nach den Feldern und in der angegebenen Reihenfolge; mehrfac
     </message>
     <message>
         <source>A name makes a new member</source>
-        <translation>Ein Name macht einen neuen Stab</translation>
+        <translation>Ein Name legt einen neuen Stab an</translation>
     </message>
     <message>
         <source>Zooms to %1</source>

@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>%1 needs a value</source>
-        <translation>%1 demande une valeur</translation>
+        <translation>%1 attend une valeur</translation>
     </message>
     <message>
         <source>unknown option %1</source>
@@ -37,7 +37,7 @@
     </message>
     <message>
         <source>--set needs --select NAMES or --select-all</source>
-        <translation>--set demande --select NOMS ou --select-all</translation>
+        <translation>--set exige --select NOMS ou --select-all</translation>
     </message>
     <message>
         <source>%1 of %2</source>
@@ -143,7 +143,7 @@
     </message>
     <message>
         <source>the key &quot;%1&quot; is missing</source>
-        <translation>la clé «&#xa0;%1&#xa0;» manque</translation>
+        <translation>il manque la clé «&#xa0;%1&#xa0;»</translation>
     </message>
     <message>
         <source>&quot;%1&quot; is needed here</source>
@@ -287,7 +287,7 @@
     </message>
     <message>
         <source>Roller</source>
-        <translation>Glissant</translation>
+        <translation>Simple</translation>
     </message>
     <message>
         <source>Pinned</source>
@@ -415,7 +415,7 @@
     </message>
     <message>
         <source>The distance of the nodes and the length offset</source>
-        <translation>Distance des nœuds et correction de longueur</translation>
+        <translation>Distance entre les nœuds et correction de longueur</translation>
     </message>
     <message>
         <source>Mass</source>
@@ -439,7 +439,7 @@
     </message>
     <message>
         <source>Of the line load on the member as a simple beam</source>
-        <translation>Dû à la charge linéique sur la barre comme poutre sur deux appuis</translation>
+        <translation>Sous la charge linéique, barre sur deux appuis simples</translation>
     </message>
     <message>
         <source>Thermal curvature</source>
@@ -447,7 +447,7 @@
     </message>
     <message>
         <source>Of the temperature difference on the free member</source>
-        <translation>Due à la différence de température de la barre libre</translation>
+        <translation>Sous la différence de température, barre libre de se déformer</translation>
     </message>
     <message>
         <source>Buckling load</source>
@@ -487,7 +487,7 @@
     </message>
     <message>
         <source>a member needs two different nodes</source>
-        <translation>une barre demande deux nœuds différents</translation>
+        <translation>une barre doit avoir deux nœuds différents</translation>
     </message>
     <message>
         <source>minus %1</source>
@@ -507,7 +507,7 @@
     </message>
     <message>
         <source>&quot;%1&quot; is not understood as a number with a unit such as %2</source>
-        <translation>«&#xa0;%1&#xa0;» ne se comprend pas comme nombre avec une unité telle que %2</translation>
+        <translation>«&#xa0;%1&#xa0;» ne se lit pas comme un nombre avec une unité telle que %2</translation>
     </message>
     <message>
         <source>from %1 to %2</source>
@@ -622,7 +622,7 @@ n’est écrit.
     </message>
     <message>
         <source>a member needs two nodes, a section and a material</source>
-        <translation>une barre demande deux nœuds, une section et un matériau</translation>
+        <translation>une barre doit avoir deux nœuds, une section et un matériau</translation>
     </message>
     <message>
         <source>a rigid link has no such value</source>
@@ -727,7 +727,7 @@ Dans le tableau des barres, après les champs et dans l’ordre donné&#xa0;; r�
     </message>
     <message>
         <source>a member needs two different nodes</source>
-        <translation>une barre demande deux nœuds différents</translation>
+        <translation>une barre doit avoir deux nœuds différents</translation>
     </message>
 </context>
 <context>
@@ -982,7 +982,7 @@ Dans le tableau des barres, après les champs et dans l’ordre donné&#xa0;; r�
     </message>
     <message>
         <source>a member needs two nodes, a section and a material</source>
-        <translation>une barre demande deux nœuds, une section et un matériau</translation>
+        <translation>une barre doit avoir deux nœuds, une section et un matériau</translation>
     </message>
     <message>
         <source>Cu&amp;t</source>

@@ -62,8 +62,7 @@ protected Q_SLOTS:
 public Q_SLOTS:
     /// Replaces the entries and selects the first. Emits nothing.
     /// @param pixmaps pictures of the entries, by index; may be shorter and hold null
-    /// @param backgroundColors colours of the entries in the list, by index; may be shorter. The
-    /// text
+    /// @param backgroundColors colours of the entries in the list, by index; may be shorter. Text
     ///                         on them is black or white, whichever can be read.
     void setValues(const NamedValueList& values, const PixmapPtrList& pixmaps = PixmapPtrList(),
                    const std::deque<QColor>& backgroundColors = std::deque<QColor>());

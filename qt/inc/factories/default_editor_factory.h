@@ -7,17 +7,22 @@ namespace zel::qt {
 
 /// The factory of the six editors that the library builds from hints. A host may add more.
 ///
-/// | Kind                                    | Makes                             | Hints |
-/// |-----------------------------------------|-----------------------------------|--------------------------------------------------------------|
-/// | "lineedit"                              | MultiEditLineEdit                 | "validator",
-/// "validator.kind", "validator.optional"          | | "unit"                                  |
-/// the same                          | the same; a validator that is no UnitValidator is dropped |
-/// | "named_value_list"                      | MultiEditEnumBox                  | "entries",
-/// "is_equal", "editable", "pixmaps" and "validator" | | "yes_no"                                |
-/// MultiEditEnumBox                  | none | | "multi_edit_line_edit_with_reset_button" |
-/// MultiEditLineEditWithResetButton | "validator", "validator.kind", "reset_callback" | |
-/// "callback"                              | a plain QWidget, a MultiEditValue | "callback",
-/// "is_equal"                                       |
+/// | Kind               | Makes                                                              |
+/// |--------------------|--------------------------------------------------------------------|
+/// | "lineedit"         | MultiEditLineEdit                                                  |
+/// | "unit"             | the same; a validator that is no UnitValidator is dropped          |
+/// | "named_value_list" | MultiEditEnumBox with the entries given                            |
+/// | "yes_no"           | MultiEditEnumBox with the entries yes and no                       |
+/// | "multi_edit_line_edit_with_reset_button" | MultiEditLineEditWithResetButton             |
+/// | "callback"         | a plain QWidget that shows nothing, with a MultiEditValue          |
+///
+/// | Kind               | Hints                                                              |
+/// |--------------------|--------------------------------------------------------------------|
+/// | "lineedit", "unit" | "validator", "validator.kind", "validator.optional"                |
+/// | "named_value_list" | "entries", "is_equal", "editable", "pixmaps", "validator"          |
+/// | "yes_no"           | none                                                               |
+/// | "multi_edit_line_edit_with_reset_button" | "validator", "validator.kind", "reset_callback" |
+/// | "callback"         | "callback", "is_equal"                                             |
 ///
 /// "validator.kind" is a ValidatorKey, looked up in the validator factory, whose builder gets the
 /// subtree "validator". Without a validator factory, "validator" or "validator.kind" the editor
