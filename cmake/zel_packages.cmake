@@ -46,11 +46,12 @@ macro(zel_package component package section summary)
     set(CPACK_DEBIAN_${upper}_PACKAGE_SECTION ${section})
     # The first line is the summary, the rest the description.
     string(CONCAT CPACK_COMPONENT_${upper}_DESCRIPTION "${summary}\n" ${ARGN})
-    # Each package brings its licence and the history of the packaging.
+    # Each package brings its licence and the history of the packaging, which an installation without
+    # packages has no use for.
     install(FILES ${PROJECT_BINARY_DIR}/changelog.gz RENAME changelog.Debian.gz
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component})
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package} COMPONENT ${component} EXCLUDE_FROM_ALL)
     install(FILES packaging/debian/copyright DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/${package}
-        COMPONENT ${component})
+        COMPONENT ${component} EXCLUDE_FROM_ALL)
 endmacro()
 
 zel_package(runtime libzel${PROJECT_VERSION_MAJOR} libs

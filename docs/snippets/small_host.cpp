@@ -208,6 +208,7 @@ private:
             layouter.onAdd(field.editor.editor, properties()[i].caption);
             m_fields.push_back(std::move(field));
         }
+        layouter.onAdd(new QWidget(m_panel)); // the last row takes the free space
         layouter.onFinish();
         fill();
     }
