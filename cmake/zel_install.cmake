@@ -47,9 +47,14 @@ function(zel_install_library target name)
     file(RELATIVE_PATH zel_pc_to_prefix
          ${CMAKE_INSTALL_FULL_LIBDIR}/pkgconfig ${CMAKE_INSTALL_PREFIX})
     string(REGEX REPLACE "/$" "" zel_pc_to_prefix "${zel_pc_to_prefix}")
-    file(RELATIVE_PATH zel_pc_libdir ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_LIBDIR})
-    file(RELATIVE_PATH zel_pc_includedir
-         ${CMAKE_INSTALL_PREFIX} ${CMAKE_INSTALL_FULL_INCLUDEDIR}/zel)
+    # A folder that is given from the root stays where it is.
+    set(zel_pc_libdir ${CMAKE_INSTALL_LIBDIR})
+    set(zel_pc_includedir ${zel_include_dir})
+    foreach(dir IN ITEMS zel_pc_libdir zel_pc_includedir)
+        if(NOT IS_ABSOLUTE "${${dir}}")
+            string(PREPEND ${dir} "\${prefix}/")
+        endif()
+    endforeach()
     configure_file(cmake/zel-${name}.pc.in zel-${name}.pc @ONLY)
     install(FILES ${PROJECT_BINARY_DIR}/zel-${name}.pc
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)

@@ -1,5 +1,6 @@
 #include "docs/snippets/expect.h"
 //! [headers]
+#include "qt/inc/controls.h"
 #include "qt/inc/factories.h"
 #include "qt/inc/hint_json.h"
 #include "units/inc/units.h"
@@ -8,11 +9,11 @@
 #include <QJsonObject>
 
 using zel::qt::NamedValueList;
+using Quantity = zel::units::v1::IConverter::quantity;
 //! [headers]
 
-#include "qt/inc/controls.h"
-
 #include <QApplication>
+#include <QLineEdit>
 #include <QTest>
 #include <QToolButton>
 
@@ -43,18 +44,28 @@ int main(int argc, char** argv)
         const zel::qt::EditorMetaData length = zel::qt::createEditorFromHints(&panel, hints);
         //! [code]
         EXPECT(length.editor != nullptr && length.editor->parentWidget() == &panel);
+        QVector<double> written;
         //! [value]
-        length.setValue(zel::units::v1::IConverter::quantity{zel::units::UnitId(1001), 2.5});
+        length.setValue(Quantity{zel::units::UnitId(1001), 2.5});
+        const zel::qt::OnValueChangedHook hook(length.editor, [&] {
+            boost::any value;
+            if (length.getValue(value) && !value.empty()) {
+                const double metres = boost::any_cast<Quantity>(value).value;
+                // ... to be written
+                //! [value]
+                written.append(metres);
+                //! [value]
+            }
+        });
+        //! [value]
+        auto* edit = length.editor->findChild<QLineEdit*>();
+        EXPECT(edit->text() == "2.500 m");
         boost::any value;
-        if (length.getValue(value) && !value.empty()) {
-            const double metres =
-                boost::any_cast<zel::units::v1::IConverter::quantity>(value).value;
-            // ... to be written
-            //! [value]
-            EXPECT(metres == 2.5);
-            //! [value]
-        }
-        //! [value]
+        EXPECT(length.getValue(value) && value.empty()); // nothing was edited
+        edit->selectAll();
+        QTest::keyClicks(edit, "300 cm");
+        QTest::keyClick(edit, Qt::Key_Return);
+        EXPECT(written == QVector<double>{3.0});
         length.forceVaries();
         EXPECT(!length.getValue(value));
     }
@@ -79,6 +90,7 @@ int main(int argc, char** argv)
     const zel::qt::EditorMetaData optional = zel::qt::createEditorFromHints(
         &panel, zel::qt::hintsFromJson(QJsonDocument::fromJson(width).object(), registry));
     optional.editor->findChild<QToolButton*>()->click();
+    QTest::keyClick(optional.editor->findChild<QLineEdit*>(), Qt::Key_Return);
     EXPECT(optional.getValue(value) && boost::any_cast<double>(value) == 3.6);
     return failedExpectations();
 }
