@@ -244,9 +244,8 @@ private:
             differ = differ || !property.equal(property.get(m_beams[row]), first);
         }
         Field& field = m_fields[i];
-        auto* edit = qobject_cast<SimpleLineEdit*>(field.editor.editor);
         m_filling = true; // filling is not editing
-        if (edit != nullptr) {
+        if (auto* edit = qobject_cast<SimpleLineEdit*>(field.editor.editor)) {
             edit->edit().clear();
             edit->onTextEdited(QString()); // the colour of a refused text would stay
         }
@@ -254,9 +253,6 @@ private:
             field.editor.forceVaries();
         } else {
             field.editor.setValue(first);
-        }
-        if (edit != nullptr) {
-            edit->onTextEdited(edit->edit().text()); // what it shows counts as validated
         }
         m_filling = false;
         field.shown = boost::any();

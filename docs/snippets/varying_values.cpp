@@ -63,7 +63,6 @@ int main(int argc, char** argv)
     angle->setCanBeSaved(
         "member/angle",
         [angle](zel::KeyValueStorage& storage) {
-            angle->onTextEdited(angle->edit().text()); // validates a text that was only filled in
             const boost::any value = angle->getCurrentValue();
             if (value.empty()) {
                 return false; // not decided, or a text in red
@@ -80,7 +79,6 @@ int main(int argc, char** argv)
     //! [save]
     zel::KeyValueStorage storage;
     angle->setValue(25.0);
-    EXPECT(angle->getCurrentValue().empty()); // nobody has edited it yet
     EXPECT(angle->save(storage));
     angle->setValue(10.0);
     angle->load(storage);
@@ -91,6 +89,11 @@ int main(int argc, char** argv)
     EXPECT(angle->edit().text() == getVariesString());
     EXPECT(hinged->dataVaries() && hinged->getCurrentValue().empty());
     EXPECT(!angle->save(storage));
+    angle->setValue(30.0);
+    angle->selectAll();
+    QTest::keyClicks(&angle->edit(), QStringLiteral("x"));
+    EXPECT(!angle->save(storage));
+    fill(*angle, *hinged, selection);
 
     int ends = 0;
     QObject::connect(angle, &SimpleLineEdit::valueChanged, [&] {

@@ -1,4 +1,5 @@
 // The smallest host: one window with one length, of two beams at once.
+//! [headers]
 #include "qt/inc/controls.h"
 #include "qt/inc/validators.h"
 #include "units/inc/units.h"
@@ -11,6 +12,7 @@
 
 using namespace zel::qt;
 using namespace zel::units;
+//! [headers]
 
 namespace {
 

@@ -33,9 +33,7 @@ public:
     bool dataVaries() const override;
     /// Empty while the values vary, while the text is not valid, and where the text stands for no
     /// value; dataVaries() tells the last case from the first. Empty also when the user has brought
-    /// the marker back, by undoing say, though the values then count as decided, and until a first
-    /// text was validated, by typing, at the end of editing or by onTextEdited(): a field that was
-    /// only filled gives no value.
+    /// the marker back, by undoing say, though the values then count as decided.
     boost::any getCurrentValue() const override;
     /// Shows a single value. Emits nothing by itself; while the control is loading its signals are
     /// blocked besides.

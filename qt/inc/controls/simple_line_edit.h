@@ -54,12 +54,13 @@ public:
                                   ExpandDirection direction);
     ~SimpleLineEdit() override;
 
-    /// Shows a value. Emits nothing and leaves the colour of the text alone.
+    /// Shows a value and validates its text, which isValueValid() then tells of. Emits nothing and
+    /// leaves the colour of the text and the hint of the last editing alone.
     void setValue(const boost::any& value);
     /// The value of the present text; empty where the text stands for no value. Ask isValueValid()
     /// first: a text that is not valid reports the assertion "ok".
     boost::any getValue() const;
-    /// The result of the last validation; false until there was one.
+    /// The result of the last validation, by setValue() or by editing; false until there was one.
     bool isValueValid() const;
 
     /// The edit itself, owned by this widget.

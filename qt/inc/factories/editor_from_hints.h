@@ -22,8 +22,7 @@ struct EditorMetaData
     boost::function<void(const boost::any&)> setValue; ///< shows one value
     boost::function<void()> forceVaries;               ///< marks the values as differing
     /// Reads the value. False, and nothing written, while the values differ. An empty value beside
-    /// true means that there is none, that the text is not valid, or that a line edit has only been
-    /// filled and not edited yet.
+    /// true means that there is none, or that the text is not valid.
     boost::function<bool(boost::any&)> getValue;
 };
 
