@@ -28,9 +28,8 @@ namespace zel::qt {
 /// - `fn` runs at each click, an empty one does nothing. A std::exception that leaves it is shown
 ///   to the user in a warning box and ends there; anything else that is thrown passes through.
 /// - `mask` has a bit for each group that the button belongs to; 0 keeps it out of all;
-/// - the toolbar owns the button, which is deleted by clear() or with the toolbar. A host may
-/// delete
-///   it earlier.
+/// - the toolbar owns the button, which is deleted by clear() or with the toolbar; a host may
+///   delete it earlier.
 class ZEL_QT_EXPORT Toolbar : public QWidget
 {
     Q_OBJECT
