@@ -76,9 +76,12 @@ private Q_SLOTS:
     void firstKeystrokeReplacesTheSheet();
     void sameColourIsNotSetAgain();
     void badTextStays();
+    void endOfEditingDecidesTheValidity_data();
+    void endOfEditingDecidesTheValidity();
     void valueIsClampedAtTheEnd();
     void vetoedTextIsLeftAlone();
     void validatedTextsAreTold();
+    void subclassHearsOfEachStep();
     void fallbackReplacesABadText();
     void setValueLeavesTheColour();
     void setValueIsSilent();
@@ -174,6 +177,46 @@ void LineEditEditingTest::badTextStays()
     QCOMPARE(changes(), 1);
 }
 
+void LineEditEditingTest::endOfEditingDecidesTheValidity_data()
+{
+    QTest::addColumn<bool>("whileTyping");
+    QTest::addColumn<bool>("finished");
+    QTest::newRow("good in the middle of typing only") << true << false;
+    QTest::newRow("good when it is finished only") << false << true;
+}
+
+void LineEditEditingTest::endOfEditingDecidesTheValidity()
+{
+    struct TwoAnswers : NumberValidator
+    {
+        bool validate(const QString&, boost::any& value, const std::bitset<32>&) override
+        {
+            value = 1.0;
+            return whileTyping;
+        }
+        bool validateWhenFinished(const QString&, boost::any& value,
+                                  const std::bitset<32>&) override
+        {
+            value = 2.0;
+            return finished;
+        }
+        bool whileTyping = false;
+        bool finished = false;
+    };
+    QFETCH(bool, whileTyping);
+    QFETCH(bool, finished);
+    const auto validator = boost::make_shared<TwoAnswers>();
+    validator->whileTyping = whileTyping;
+    validator->finished = finished;
+    OpenLineEdit field(validator);
+    QTest::keyClicks(&field.edit(), QStringLiteral("3"));
+    QCOMPARE(field.isValueValid(), whileTyping);
+    QTest::keyClick(&field.edit(), Qt::Key_Return);
+    QCOMPARE(field.isValueValid(), finished);
+    QCOMPARE(field.edit().text(), finished ? QStringLiteral("2.000") : QStringLiteral("3"));
+    QCOMPARE(field.edit().styleSheet(), whileTyping ? black : red); // the colour is of the typing
+}
+
 void LineEditEditingTest::valueIsClampedAtTheEnd()
 {
     m_validator->maximum = 10.0;
@@ -229,9 +272,58 @@ void LineEditEditingTest::validatedTextsAreTold()
     QCOMPARE(field.validated, (QStringList{"12=12", "12=10"}));
 }
 
+void LineEditEditingTest::subclassHearsOfEachStep()
+{
+    class Witness : public SimpleLineEdit
+    {
+    public:
+        explicit Witness(const boost::shared_ptr<NumberValidator>& validator)
+            : SimpleLineEdit(nullptr, QString(), validator, {}, 0, ExpandRight)
+            , m_asked(validator)
+        {}
+        QStringList takeSteps()
+        {
+            note(QStringList());
+            QStringList taken;
+            taken.swap(m_steps);
+            return taken;
+        }
+
+    private:
+        void note(const QStringList& step)
+        {
+            m_steps += m_asked->takeCalls() + step;
+        }
+        bool vetoValidation(const QString& text) override
+        {
+            note({"veto " + text});
+            return false;
+        }
+        void onValidated(const QString& text, const boost::any&) override
+        {
+            note({"validated " + text + ", shown " + edit().text()});
+        }
+        boost::shared_ptr<NumberValidator> m_asked;
+        QStringList m_steps;
+    };
+    const auto validator = boost::make_shared<NumberValidator>();
+    validator->maximum = 10.0;
+    Witness field(validator);
+    QTest::keyClicks(&field.edit(), QStringLiteral("1"));
+    QCOMPARE(field.takeSteps(), (QStringList{"veto 1", "validate 1", "validated 1, shown 1"}));
+    QTest::keyClicks(&field.edit(), QStringLiteral("2"));
+    field.takeSteps();
+    QTest::keyClick(&field.edit(), Qt::Key_Return);
+    QCOMPARE(field.takeSteps(),
+             (QStringList{"veto 12", "validate 12", "validated 12, shown 12", "veto 12",
+                          "finish 12", "validated 12, shown 12", "reformat 10.000"}));
+    QCOMPARE(field.edit().text(), QStringLiteral("10.000"));
+}
+
 void LineEditEditingTest::fallbackReplacesABadText()
 {
     const auto validator = boost::make_shared<NumberValidator>();
+    validator->setEditHintFunction([](const QString& text) { return text; });
     OpenLineEdit field(validator);
     field.setFallbackValue(7.0);
     const QSignalSpy changed(&field, &SimpleLineEdit::valueChanged);
@@ -243,6 +335,8 @@ void LineEditEditingTest::fallbackReplacesABadText()
     QCOMPARE(field.edit().text(), QStringLiteral("7.000"));
     QCOMPARE(field.edit().styleSheet(), black);
     QVERIFY(!field.isValueValid());
+    QCOMPARE(field.findChild<detail::EditHintPopup*>()->findChild<QLabel*>()->text(),
+             QStringLiteral("1x")); // the hint is that of the text that was typed
     QCOMPARE(changed.count(), 0);
     // The end of editing still judges the text that it began with.
     field.edit().setText(QStringLiteral("y"));
@@ -321,8 +415,10 @@ void LineEditEditingTest::withoutValidator()
     OpenLineEdit field(nullptr);
     const QSignalSpy changed(&field, &SimpleLineEdit::valueChanged);
     QVERIFY(!field.isValueValid());
+    field.vetoed = QStringLiteral("x"); // where nothing is validated, nothing is exempt
     QTest::keyClicks(&field.edit(), QStringLiteral("x"));
     QVERIFY(field.isValueValid());
+    field.vetoed = QString();
     QCOMPARE(field.edit().styleSheet(), QString());
     QVERIFY(field.validated.isEmpty());
     QTest::keyClick(&field.edit(), Qt::Key_Return);
@@ -387,6 +483,8 @@ void LineEditEditingTest::tabPassesTheInnerButton()
     QCOMPARE(m_edit->text(), QStringLiteral("1.000"));
     QCOMPARE(m_other->edit().text(), QStringLiteral("2"));
     QCOMPARE(changes(), 1);
+    QTest::keyClick(&m_other->edit(), Qt::Key_Tab); // the button was made last: it would be next
+    QVERIFY(m_edit->hasFocus());
 }
 
 QTEST_MAIN(LineEditEditingTest)

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QCompleter>
 #include <QContextMenuEvent>
+#include <QIntValidator>
 #include <QMenu>
 #include <QPointer>
 
@@ -25,9 +26,12 @@ private Q_SLOTS:
     void isToldOnce();
     void asksTheValidatorInOrder();
     void everyOneIsTold();
+    void editTakesPartInTheLoss();
     void lossToTheOwnContextMenuIsNone();
     void lossToAnotherMenuIsOne();
     void lossToTheCompleterIsNone();
+    void unacceptableInputIsNotTold_data();
+    void unacceptableInputIsNotTold();
     void endOfTheFieldIsNoEndOfEditing();
     void hostMayAnswer_data();
     void hostMayAnswer();
@@ -123,6 +127,17 @@ void LineEditEndOfEditingTest::everyOneIsTold()
     QCOMPARE(changes(), 4);
 }
 
+void LineEditEndOfEditingTest::editTakesPartInTheLoss()
+{
+    // The edit drops its selection and its cursor as any other one does.
+    m_edit->setText(QStringLiteral("abc")); // a bad text stays, so that nothing is set at the end
+    m_edit->selectAll();
+    QTest::keyClick(m_edit, Qt::Key_Tab);
+    QVERIFY(!m_edit->hasFocus());
+    QCOMPARE(m_edit->text(), QStringLiteral("abc"));
+    QVERIFY(!m_edit->hasSelectedText());
+}
+
 void LineEditEndOfEditingTest::lossToTheOwnContextMenuIsNone()
 {
     QTest::keyClicks(m_edit, QStringLiteral("1.5"));
@@ -162,6 +177,38 @@ void LineEditEndOfEditingTest::lossToTheCompleterIsNone()
     QCOMPARE(m_edit->text(), QStringLiteral("1"));
     completer->popup()->hide();
     QCOMPARE(changes(), 0);
+}
+
+void LineEditEndOfEditingTest::unacceptableInputIsNotTold_data()
+{
+    QTest::addColumn<bool>("edited");
+    QTest::newRow("edited") << true;
+    QTest::newRow("unchanged") << false;
+}
+
+void LineEditEndOfEditingTest::unacceptableInputIsNotTold()
+{
+    // A host may restrict the edit itself, by a mask or by a validator of Qt's.
+    QFETCH(bool, edited);
+    if (edited) {
+        QTest::keyClicks(m_edit, QStringLiteral("1"));
+    } else {
+        m_edit->setText(QStringLiteral("1"));
+    }
+    const QIntValidator twoDigits(10, 99, nullptr);
+    m_edit->setValidator(&twoDigits);
+    QTest::keyClick(m_edit, Qt::Key_Return);
+    QTest::keyClick(m_edit, Qt::Key_Tab);
+    QVERIFY(!m_edit->hasFocus());
+    QCOMPARE(changes(), 0);
+    QCOMPARE(m_edit->text(), QStringLiteral("1"));
+    m_edit->setFocus();
+    QTest::keyClick(m_edit, Qt::Key_End);
+    QTest::keyClicks(m_edit, QStringLiteral("2"));
+    QTest::keyClick(m_edit, Qt::Key_Tab);
+    QCOMPARE(changes(), 1);
+    QCOMPARE(m_edit->text(), QStringLiteral("12.000"));
+    m_edit->setValidator(nullptr);
 }
 
 void LineEditEndOfEditingTest::endOfTheFieldIsNoEndOfEditing()

@@ -25,6 +25,7 @@ private Q_SLOTS:
     void hintFollowsTheText();
     void hintWithoutFocusStaysHidden();
     void historyIsSharedWithThePopup();
+    void historyEntryIsACommit_data();
     void historyEntryIsACommit();
     void historyEntryReplacesWhatIsBeingTyped();
     void currentValueGoesToTheHistory_data();
@@ -109,8 +110,17 @@ void LineEditHintAndHistoryTest::historyIsSharedWithThePopup()
     QCOMPARE(history.use_count(), 1L);
 }
 
+void LineEditHintAndHistoryTest::historyEntryIsACommit_data()
+{
+    QTest::addColumn<bool>("readOnly");
+    QTest::newRow("field to type in") << false;
+    QTest::newRow("field that is closed to typing only") << true;
+}
+
 void LineEditHintAndHistoryTest::historyEntryIsACommit()
 {
+    QFETCH(bool, readOnly);
+    m_field->setReadOnly(readOnly);
     const auto history = boost::make_shared<zel::ValueHistory>(
         L"key", boost::make_shared<zel::ValueHistoryMemoryStorage>());
     history->add(L"1.5");

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void editCutsTheMarker_data();
     void editCutsTheMarker();
     void valueThatReadsLikeTheMarker();
+    void markerThatAResetLeavesIsNoText();
     void markerIsCopied();
     void textThatWasNeverValidated_data();
     void textThatWasNeverValidated();
@@ -267,6 +268,7 @@ void LineEditMarkerTest::editCutsTheMarker_data()
     QTest::newRow("shorter than the marker") << 5 << 5 << "*VARI";
     QTest::newRow("as long as the marker") << 8 << 8 << "*VARIES*";
     QTest::newRow("shortened while the marker is shown") << 20 << 3 << "*VA";
+    QTest::newRow("lengthened while a cut marker is shown") << 5 << 20 << "*VARI";
     QTest::newRow("shortened twice") << 5 << 4 << "*VAR";
 }
 
@@ -319,6 +321,24 @@ void LineEditMarkerTest::valueThatReadsLikeTheMarker()
     }
 }
 
+void LineEditMarkerTest::markerThatAResetLeavesIsNoText()
+{
+    // The text stays until the first object is read, and there may be none.
+    MultiEditLineEdit* const field = add(new StringEditValidator(20));
+    field->setValue(std::wstring(L"a"));
+    field->forceVaries();
+    field->reset();
+    QCOMPARE(field->edit().text(), marker);
+    QVERIFY(!field->dataVaries());
+    QVERIFY(field->isValueValid());
+    QCOMPARE(told(field->getCurrentValue()), QStringLiteral("empty"));
+    MultiEditLineEdit* const copy = add(new StringEditValidator(20));
+    copy->setValue(std::wstring(L"b"));
+    copy->copyStateFrom(*field);
+    QVERIFY(!copy->dataVaries());
+    QCOMPARE(told(copy->getCurrentValue()), QStringLiteral("empty"));
+}
+
 void LineEditMarkerTest::markerIsCopied()
 {
     MultiEditLineEdit* const field = add(new StringEditValidator(20));
@@ -336,6 +356,14 @@ void LineEditMarkerTest::markerIsCopied()
     field->copyStateFrom(*original);
     passThrough(*field);
     QCOMPARE(changed.count(), 1);
+    QCOMPARE(told(field->getCurrentValue()), QStringLiteral("wstring '*VARI'"));
+    // A marker that the user has typed over is not taken along.
+    original->forceVaries();
+    typeOver(original->edit(), QStringLiteral("b"));
+    field->copyStateFrom(*original);
+    typeOver(field->edit(), QStringLiteral("*VARI"));
+    passThrough(*field);
+    QCOMPARE(changed.count(), 2);
     QCOMPARE(told(field->getCurrentValue()), QStringLiteral("wstring '*VARI'"));
 }
 

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void fillingIsSilent_data();
     void fillingIsSilent();
     void loadingBlocksTheSignals();
+    void stateIsDecidedBeforeTheTextIs();
     void otherFieldsCommitWhenLeft();
     void copyOfTheState();
     void virtualStateIsAsked();
@@ -337,6 +338,18 @@ void MultiEditLineEditTest::loadingBlocksTheSignals()
     field->setLoading(false);
     field->setValue(3.0);
     QCOMPARE(witness->blocked, (QList<bool>{false, true, true, false}));
+}
+
+void MultiEditLineEditTest::stateIsDecidedBeforeTheTextIs()
+{
+    // A host that follows the text of the edit asks the field from there.
+    QStringList heard;
+    connect(&m_field->edit(), &QLineEdit::textChanged, m_field, [&](const QString& text) {
+        heard.append(text + (m_field->dataVaries() ? " varies" : " one"));
+    });
+    apply(*m_field, QStringLiteral("12sfr3"));
+    QCOMPARE(heard, (QStringList{"1.000 one", marker + " varies", "5.000 one", marker + " varies",
+                                 "3.000 one"}));
 }
 
 void MultiEditLineEditTest::otherFieldsCommitWhenLeft()

@@ -5,7 +5,7 @@
 #include "tests/helpers/number_validator.h"
 #include "tests/helpers/word_translator.h"
 
-#include <QLayout>
+#include <QBoxLayout>
 #include <QPointer>
 #include <QSignalSpy>
 #include <QToolButton>
@@ -22,6 +22,19 @@ namespace {
 using ValueHandler = std::function<void(QWidget*, int, boost::any&)>;
 using ResetFn = std::function<void(int, boost::any&, boost::any&)>;
 
+/// A field whose subclass hears of each value that is set.
+template <class Field>
+struct CountsSets : Field
+{
+    using Field::Field;
+    void setValue(const boost::any& value) override
+    {
+        ++sets;
+        Field::setValue(value);
+    }
+    int sets = 0;
+};
+
 } // namespace
 
 class MultiEditLineEditWithButtonTest : public zel::test::CheckedTest
@@ -33,7 +46,7 @@ private Q_SLOTS:
     void plainHandlerGetsTheId();
     void valueHandlerFillsTheField();
     void valueHandlerThatLeavesTheValueEmpty();
-    void valueHandlerGoesThroughSetValue();
+    void buttonGoesThroughSetValue();
     void emptyHandlerThrows();
     void handlerMayDeleteTheField_data();
     void handlerMayDeleteTheField();
@@ -41,6 +54,7 @@ private Q_SLOTS:
     void resetButtonStandsBehindTheUnit();
     void tooltipIsTranslated();
     void resetShowsAndGives();
+    void resetIsDoneWhenItIsTold();
     void resetFunctionGetsEmptyValues();
     void resetOfAVaryingField();
     void onlyTypingEndsAReset_data();
@@ -138,21 +152,16 @@ void MultiEditLineEditWithButtonTest::valueHandlerThatLeavesTheValueEmpty()
     QCOMPARE(answer(field), QStringLiteral("one -"));
 }
 
-void MultiEditLineEditWithButtonTest::valueHandlerGoesThroughSetValue()
+void MultiEditLineEditWithButtonTest::buttonGoesThroughSetValue()
 {
-    struct Counting : MultiEditLineEditWithButton
-    {
-        using MultiEditLineEditWithButton::MultiEditLineEditWithButton;
-        void setValue(const boost::any& value) override
-        {
-            ++sets;
-            MultiEditLineEditWithButton::setValue(value);
-        }
-        int sets = 0;
-    };
-    Counting field(new NumberValidator, 0, [](QWidget*, int, boost::any& value) { value = 1.0; });
+    CountsSets<MultiEditLineEditWithButton> field(
+        new NumberValidator, 0, [](QWidget*, int, boost::any& value) { value = 1.0; });
     field.getButton()->click();
     QCOMPARE(field.sets, 1);
+    CountsSets<MultiEditLineEditWithResetButton> withReset(
+        new NumberValidator, 0, [](int, boost::any& shown, boost::any&) { shown = 1.0; });
+    withReset.findChild<QToolButton*>()->click();
+    QCOMPARE(withReset.sets, 1);
 }
 
 void MultiEditLineEditWithButtonTest::emptyHandlerThrows()
@@ -219,6 +228,7 @@ void MultiEditLineEditWithButtonTest::resetButtonStandsBehindTheUnit()
     QCOMPARE(field.layout()->contentsMargins(), QMargins());
     QCOMPARE(field.layout()->spacing(), 0);
     QCOMPARE(field.layout()->itemAt(2)->widget(), buttons[0]);
+    QVERIFY(qobject_cast<QHBoxLayout*>(field.layout()) != nullptr);
 }
 
 void MultiEditLineEditWithButtonTest::tooltipIsTranslated()
@@ -250,6 +260,24 @@ void MultiEditLineEditWithButtonTest::resetShowsAndGives()
     QCOMPARE(changed.count(), 1);
     QTest::keyClick(&field.edit(), Qt::Key_Return);
     QCOMPARE(changed.count(), 2);
+}
+
+void MultiEditLineEditWithButtonTest::resetIsDoneWhenItIsTold()
+{
+    // A listener writes what it is answered to the objects.
+    MultiEditLineEditWithResetButton field(new NumberValidator, 0,
+                                           [](int, boost::any& shown, boost::any& result) {
+                                               shown = 1.0;
+                                               result = -1.0;
+                                           });
+    field.setValue(5.0);
+    QStringList heard;
+    connect(&field.edit(), &QLineEdit::textChanged, &field,
+            [&](const QString& text) { heard.append("shows " + text + ", " + answer(field)); });
+    connect(&field, &SimpleLineEdit::valueChanged, &field,
+            [&] { heard.append("changed " + field.edit().text() + ", " + answer(field)); });
+    QTest::mouseClick(field.findChild<QToolButton*>(), Qt::LeftButton);
+    QCOMPARE(heard, (QStringList{"shows 1.000, one -1", "changed 1.000, one -1"}));
 }
 
 void MultiEditLineEditWithButtonTest::resetFunctionGetsEmptyValues()
