@@ -52,25 +52,33 @@ void LineEditEndOfEditingTest::cleanup()
 void LineEditEndOfEditingTest::isToldOnce_data()
 {
     QTest::addColumn<QString>("how");
-    QTest::addColumn<bool>("edited");
+    QTest::addColumn<QString>("before");
     for (const char* how : {"Return", "Enter", "Tab", "Backtab", "click", "clearFocus", "disabled",
                             "hidden", "another window"}) {
-        QTest::addRow("edited, %s", how) << QString::fromLatin1(how) << true;
-        QTest::addRow("unchanged, %s", how) << QString::fromLatin1(how) << false;
+        for (const char* before : {"edited", "set", "entered"}) {
+            QTest::addRow("%s, %s", before, how)
+                << QString::fromLatin1(how) << QString::fromLatin1(before);
+        }
     }
 }
 
 void LineEditEndOfEditingTest::isToldOnce()
 {
     QFETCH(QString, how);
-    QFETCH(bool, edited);
-    const QSignalSpy finished(m_edit, &QLineEdit::editingFinished);
-    const QSignalSpy otherChanged(m_other, &SimpleLineEdit::valueChanged);
-    if (edited) {
+    QFETCH(QString, before);
+    if (before == QLatin1String("edited")) {
         QTest::keyClicks(m_edit, QStringLiteral("1.5"));
     } else {
         m_edit->setText(QStringLiteral("1.5"));
     }
+    if (before == QLatin1String("entered")) {
+        // QLineEdit takes a text that was set for a change: only now it tells nothing of its own.
+        m_other->setFocus();
+        m_edit->setFocus();
+        m_changed->clear();
+    }
+    const QSignalSpy finished(m_edit, &QLineEdit::editingFinished);
+    const QSignalSpy otherChanged(m_other, &SimpleLineEdit::valueChanged);
     QWidget elsewhere;
     if (how == QLatin1String("Return")) {
         QTest::keyClick(m_edit, Qt::Key_Return);
@@ -165,6 +173,11 @@ void LineEditEndOfEditingTest::lossToAnotherMenuIsOne()
     QCOMPARE(m_edit->text(), QStringLiteral("1.500"));
     menu.close();
     QCOMPARE(changes(), 1);
+    // Nothing was changed in between, so QLineEdit tells nothing of its own.
+    menu.popup(m_window->mapToGlobal(QPoint(0, 0)));
+    QCOMPARE(changes(), 2);
+    menu.close();
+    QCOMPARE(changes(), 2);
 }
 
 void LineEditEndOfEditingTest::lossToTheCompleterIsNone()
