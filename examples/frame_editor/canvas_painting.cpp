@@ -164,14 +164,17 @@ void Canvas::drawElevations(QPainter& painter) const
         if (y < titleBottom) {
             continue;
         }
+        painter.setLayoutDirection(readingDirection(label));
         painter.drawText(box.translated(14, y + box.height() / 3), Qt::AlignCenter, label);
     }
     for (const double elevation : ticks.minor) {
         const int y = pixelOf(elevation);
         painter.drawLine(0, y, 3, y);
     }
-    painter.drawText(rect().adjusted(0, 0, -4, -3), Qt::AlignRight | Qt::AlignBottom,
-                     tr("rulers in metres"));
+    const QString note = tr("rulers in metres");
+    painter.setLayoutDirection(readingDirection(note));
+    painter.drawText(rect().adjusted(0, 0, -4, -3),
+                     Qt::AlignRight | Qt::AlignAbsolute | Qt::AlignBottom, note);
 }
 
 } // namespace frame_editor

@@ -308,6 +308,11 @@ void LabelLayer::add(const LabelPlace& place, const QString& text, const QColor&
     }
 }
 
+Qt::LayoutDirection readingDirection(const QString& text)
+{
+    return text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
+}
+
 void LabelLayer::draw(const QPointF& middle, bool upwards, const QString& text,
                       const QColor& colour)
 {
@@ -320,6 +325,7 @@ void LabelLayer::draw(const QPointF& middle, bool upwards, const QString& text,
     // A light ground, so that a text can be read over the lines of the drawing.
     m_painter.fillRect(box, QColor(255, 255, 255, 150));
     m_painter.setPen(colour);
+    m_painter.setLayoutDirection(readingDirection(text));
     m_painter.drawText(box, Qt::AlignCenter, text);
     m_painter.restore();
 }

@@ -84,6 +84,10 @@ private:
     std::vector<QRectF> m_taken;
 };
 
+/// The direction in which a text of the drawing reads, whatever that of the window: a number stays
+/// in front of its unit, and a sign in front of its number.
+Qt::LayoutDirection readingDirection(const QString& text);
+
 const QColor& loadColour();
 
 } // namespace frame_editor

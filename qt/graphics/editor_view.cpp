@@ -64,6 +64,7 @@ void drawTitle(QPainter* painter, const QString& title)
     painter->save();
     painter->setWorldMatrixEnabled(false);
     painter->setPen(QPen(Qt::black, 1.0, Qt::SolidLine));
+    painter->setLayoutDirection(title.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
     painter->drawText(QPoint(20, 30), title);
     painter->restore();
 }
@@ -84,6 +85,8 @@ EditorView::EditorView()
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAttribute(Qt::WA_MouseTracking, true);
+    // In a right-to-left layout the scroll bar would run against the mouse of a pan.
+    setLayoutDirection(Qt::LeftToRight);
 }
 
 EditorView::~EditorView() = default;

@@ -6,6 +6,7 @@
 #include "units/inc/units.h"
 
 #include <QGraphicsScene>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QUndoStack>
 
@@ -66,6 +67,9 @@ private Q_SLOTS:
     void loadsAreDrawnWithTheirValues();
     void beddingAndHinges();
     void labelsDoNotOverlap();
+    void labelReadsAsItsText_data();
+    void labelReadsAsItsText();
+    void sameInARightToLeftLayout();
 };
 
 void TestCanvas::showsTheModelUpright()
@@ -795,6 +799,63 @@ void TestCanvas::labelsDoNotOverlap()
                  Qt::black);
     });
     QVERIFY(inked(none).isNull());
+}
+
+void TestCanvas::labelReadsAsItsText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("number with unit") << QStringLiteral("4.50 kN/m") << Qt::LeftToRight;
+    QTest::newRow("signed number") << QStringLiteral("-2.5 m") << Qt::LeftToRight;
+    QTest::newRow("name with a mark behind it") << QStringLiteral("C1 *") << Qt::LeftToRight;
+    QTest::newRow("Hebrew with a mark behind it")
+        << QString::fromUtf8("\u05e2\u05de\u05d5\u05d3 B *") << Qt::RightToLeft;
+}
+
+void TestCanvas::labelReadsAsItsText()
+{
+    QFETCH(QString, text);
+    QFETCH(Qt::LayoutDirection, direction);
+    const auto shotIn = [&text](Qt::LayoutDirection window) {
+        return drawn([&text, window](QPainter& painter) {
+            painter.setLayoutDirection(window);
+            LabelLayer(painter, painter.window())
+                .add({QLineF(100, 100, 101, 100), false, false}, text, Qt::black);
+        });
+    };
+    // Written by hand in its own direction.
+    const QImage expected = drawn([&text, direction](QPainter& painter) {
+        painter.save();
+        QRectF box(QPointF(),
+                   QFontMetricsF(painter.font(), painter.device()).size(Qt::TextSingleLine, text));
+        box.moveCenter(QPointF());
+        painter.translate(QPointF(100.5, 100));
+        painter.fillRect(box, QColor(255, 255, 255, 150));
+        painter.setPen(Qt::black);
+        painter.setLayoutDirection(direction);
+        painter.drawText(box, Qt::AlignCenter, text);
+        painter.restore();
+    });
+    QVERIFY(!inked(expected).isNull());
+    QCOMPARE(shotIn(Qt::LeftToRight), expected);
+    QCOMPARE(shotIn(Qt::RightToLeft), expected);
+}
+
+void TestCanvas::sameInARightToLeftLayout()
+{
+    const auto restore = qScopeGuard([] { QApplication::setLayoutDirection(Qt::LeftToRight); });
+    const auto picture = [](Qt::LayoutDirection direction) {
+        QApplication::setLayoutDirection(direction);
+        Stage stage;
+        stage.document.setModel(modelWith([](Member& member) { member.lineLoad = 4.5; }),
+                                QString());
+        stage.canvas.fitToWindow();
+        QCoreApplication::processEvents();
+        return stage.shot();
+    };
+    const QImage expected = picture(Qt::LeftToRight);
+    QVERIFY(countPixels(expected, expected.rect(), Qt::black) > 0);
+    QCOMPARE(picture(Qt::RightToLeft), expected);
 }
 
 QTEST_MAIN(TestCanvas)

@@ -18,6 +18,9 @@ namespace zel::qt::graphics {
 /// sets another; all items on it die with the view. A drag with the left button draws a rubber
 /// band.
 ///
+/// A drawing is not mirrored: the layout direction of the view is Qt::LeftToRight whatever that of
+/// the application. Child widgets of the view inherit it; the title reads as its script does.
+///
 /// The view keeps a record of its own of the scene point that it looks at, the centre. Panning,
 /// zooming, setCenter() and the links keep it; scrolling by other means, such as fitInView(), does
 /// not: a host that does so tells the view by setCenter().

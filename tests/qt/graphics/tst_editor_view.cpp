@@ -6,6 +6,7 @@
 #include <QGraphicsSceneMouseEvent>
 #include <QMimeData>
 #include <QPointer>
+#include <QScopeGuard>
 
 #include <cmath>
 #include <memory>
@@ -140,6 +141,7 @@ private Q_SLOTS:
     void panTakesItsEvents();
     void panRepaintsWhatIsSeen();
     void panInAFrame();
+    void panInARightToLeftLayout();
     void panWaitsWhileTheMouseIsOutside();
     void otherButtonsDuringAPan();
     void disabledPanningReachesTheScene();
@@ -503,6 +505,23 @@ void EditorViewTest::panInAFrame()
     QCOMPARE(view.getCenter(), stage.shownCenter());
     QVERIFY(view.getCenter() != view.mapToScene(view.viewport()->rect()).boundingRect().center());
     stage.release(Qt::RightButton, QPoint(150, 100));
+}
+
+void EditorViewTest::panInARightToLeftLayout()
+{
+    QApplication::setLayoutDirection(Qt::RightToLeft);
+    const auto restore = qScopeGuard([] { QApplication::setLayoutDirection(Qt::LeftToRight); });
+    EditorView view;
+    ViewStage stage(view);
+    const QPointF grabbed = view.mapToScene(QPoint(100, 100));
+    stage.drag(Qt::RightButton, QPoint(100, 100), QPoint(160, 130));
+    QCOMPARE(view.mapToScene(QPoint(160, 130)), grabbed);
+    // With the edge on the left kept where it is, as in any other window.
+    view.setZoomingEnabled(false);
+    const QPointF corner = view.mapToScene(QPoint(0, 0));
+    view.resize(300, 300);
+    QCoreApplication::processEvents();
+    QCOMPARE(view.mapToScene(QPoint(0, 0)), corner);
 }
 
 void EditorViewTest::panWaitsWhileTheMouseIsOutside()

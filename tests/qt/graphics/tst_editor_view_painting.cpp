@@ -110,6 +110,8 @@ private Q_SLOTS:
     void backgroundLeavesNoBrush();
     void nothingElseAtFirst();
     void title();
+    void titleReadsAsItsText_data();
+    void titleReadsAsItsText();
     void emptyTitle();
     void crossHairFollowsTheMouse();
     void crossHairOnlyInsideAndIfWanted();
@@ -211,6 +213,36 @@ void EditorViewPaintingTest::title()
             painter.drawText(QPoint(20, 30), QStringLiteral("Frame A & B"));
         });
         QVERIFY(differingPixels(expected, plain) > 100);
+        QCOMPARE(shot(view), expected);
+    }
+}
+
+void EditorViewPaintingTest::titleReadsAsItsText_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<Qt::LayoutDirection>("direction");
+    QTest::newRow("Latin") << QStringLiteral("Frame 2 *") << Qt::LeftToRight;
+    QTest::newRow("number") << QStringLiteral("-2") << Qt::LeftToRight;
+    QTest::newRow("Hebrew") << QString::fromUtf8("\u05de\u05e1\u05d2\u05e8\u05ea B *")
+                            << Qt::RightToLeft;
+}
+
+void EditorViewPaintingTest::titleReadsAsItsText()
+{
+    QFETCH(QString, text);
+    QFETCH(Qt::LayoutDirection, direction);
+    const auto restore = qScopeGuard([] { QApplication::setLayoutDirection(Qt::LeftToRight); });
+    for (const Qt::LayoutDirection layout : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QApplication::setLayoutDirection(layout);
+        EditorView view;
+        ViewStage stage(view);
+        const QImage plain = shot(view);
+        view.setTitle(text);
+        const QImage expected = drawnOn(plain, view, QPen(Qt::black, 1.0), [&](QPainter& painter) {
+            painter.setLayoutDirection(direction);
+            painter.drawText(QPoint(20, 30), text);
+        });
+        QVERIFY(differingPixels(expected, plain) > 5);
         QCOMPARE(shot(view), expected);
     }
 }
