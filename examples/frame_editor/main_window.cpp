@@ -223,7 +223,8 @@ void MainWindow::createViewActions(QToolBar& bar)
     menu->addSeparator();
     const QStringList forms = formFiles();
     for (const QString& fileName : forms) {
-        menu->addAction(tr("Form \"%1\"").arg(QFileInfo(fileName).completeBaseName()), this,
+        const QString name = withoutMnemonic(QFileInfo(fileName).completeBaseName());
+        menu->addAction(tr("Form \"%1\"").arg(name), this,
                         [this, fileName] { openForm(fileName); });
     }
     menu->addAction(tr("&Open a form..."), this, &MainWindow::openFormWithDialog);
@@ -341,6 +342,10 @@ void MainWindow::deleteSelected()
     if (!refusal.isEmpty()) {
         tell(refusal, tr("nothing is deleted"));
         return;
+    }
+    // With its members the panel is disabled, and hands the focus on to wherever.
+    if (m_panel->isAncestorOf(QApplication::focusWidget())) {
+        m_list->setFocus(Qt::OtherFocusReason);
     }
     const QStringList idle = m_document.model().nodesOnlyOf(members);
     m_document.removeMembers(members);

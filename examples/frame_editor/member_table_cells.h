@@ -42,13 +42,15 @@ private:
     Refuse m_refuse;
 };
 
-/// Paints a cell that is not there, and opens no editor in it.
+/// Paints a cell that is not there as one without a text, and opens no editor in it.
 class NoCellDelegate : public zel::qt::LineEditItemDelegate
 {
     Q_OBJECT
 public:
     explicit NoCellDelegate(QObject* parent);
 
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
 };

@@ -7,6 +7,8 @@
 
 #include "qt/inc/delegates.h"
 
+#include <QGuiApplication>
+#include <QPalette>
 #include <QUndoStack>
 
 #include <utility>
@@ -159,7 +161,10 @@ QVariant MemberTableModel::data(const QModelIndex& index, int role) const
     }
     const Member* shown = member(row);
     if (!hasCell(row, column)) {
-        return role == Qt::ToolTipRole && shown ? tr("A rigid link has no such value") : QVariant();
+        return !shown                       ? QVariant()
+               : role == Qt::ToolTipRole    ? tr("A rigid link has no such value")
+               : role == Qt::BackgroundRole ? QGuiApplication::palette().brush(QPalette::Window)
+                                            : QVariant();
     }
     if (!shown) {
         // The name of the blank row: a place for a value, and none in it.

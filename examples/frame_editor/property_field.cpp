@@ -13,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScopedValueRollback>
+#include <QScreen>
 
 #include <set>
 
@@ -21,6 +22,17 @@ namespace frame_editor {
 namespace {
 
 const QString historyName = QStringLiteral("frame_editor/");
+
+/// A popup begins where its edit does, and so may end beyond the screen: the form stands at its
+/// edge.
+void keepOnScreen(QWidget& popup)
+{
+    const QRect area = popup.parentWidget()->screen()->availableGeometry();
+    const int x = qMax(area.left(), qMin(popup.x(), area.right() + 1 - popup.width()));
+    if (x != popup.x()) {
+        popup.move(x, popup.y());
+    }
+}
 
 bool endsInUnit(const QString& text)
 {
@@ -109,6 +121,13 @@ void PropertyField::watchEditor()
     QLineEdit& edit = m_lineEdit->edit();
     edit.setStyleSheet(QString());
     edit.installEventFilter(this);
+    const QList<QWidget*> children =
+        edit.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly);
+    for (QWidget* popup : children) {
+        if (popup->isWindow()) {
+            popup->installEventFilter(this);
+        }
+    }
     const QString key = historyName + m_property.id;
     m_lineEdit->setValueHistory(
         zel::ValueHistory::create(historyName.toStdWString(), key.toStdWString()));
@@ -409,6 +428,13 @@ void PropertyField::rememberText(const QString& typed)
 
 bool PropertyField::eventFilter(QObject* watched, QEvent* event)
 {
+    if (event->type() == QEvent::Move || event->type() == QEvent::Resize) {
+        auto* popup = qobject_cast<QWidget*>(watched);
+        if (popup && popup->isWindow()) {
+            keepOnScreen(*popup);
+        }
+        return false;
+    }
     if (event->type() == QEvent::Wheel) {
         // Scrolling the form must not change the choice that happens to pass below the mouse.
         event->ignore();

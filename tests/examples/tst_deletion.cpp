@@ -458,6 +458,7 @@ void TestDeletion::typedTextCountsFirst()
     stage.type("line_load", QStringLiteral("2.5"));
     stage.action("delete").trigger();
     QVERIFY(!stage.has("R1"));
+    QVERIFY(stage.list().hasFocus());
     QCOMPARE(stage.steps(), 2);
     stage.undo();
     QCOMPARE(stage.named("R1").lineLoad, 2.5);

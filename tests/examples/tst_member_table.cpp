@@ -54,6 +54,7 @@ private Q_SLOTS:
     void mark();
     void buttonZooms();
     void cellsOfALink();
+    void cellsOfALinkAreGrey();
     void memberBecomesALinkAndBack();
     void delegatesFollowTheRows();
     void nameInTheBlankRow();
@@ -452,6 +453,26 @@ void TestMemberTable::cellsOfALink()
     stage.enterInto(stage.cell("L1", "name"), QStringLiteral("Bracket"));
     QCOMPARE(stage.member(10).name, QStringLiteral("Bracket"));
     QCOMPARE(stage.steps(), 1);
+}
+
+void TestMemberTable::cellsOfALinkAreGrey()
+{
+    MemberTableStage stage;
+    const auto colour = [&stage](const QModelIndex& cell) {
+        stage.table().scrollTo(cell);
+        const QRect rect = stage.table().visualRect(cell);
+        return stage.table().viewport()->grab(rect).toImage().pixelColor(rect.width() / 2,
+                                                                         rect.height() - 4);
+    };
+    stage.table().setCurrentIndex(QModelIndex());
+    const QPalette palette = stage.table().palette();
+    QCOMPARE(colour(stage.cell("L1", "section")), palette.color(QPalette::Window));
+    QCOMPARE(colour(stage.cell("T1", "section")), palette.color(QPalette::Base));
+    QCOMPARE(colour(stage.cell("", "section")), palette.color(QPalette::Base));
+    // Selected they are so from end to end.
+    stage.select({10});
+    QCOMPARE(colour(stage.cell("L1", "section")), colour(stage.cell("L1", "note")));
+    QVERIFY(colour(stage.cell("L1", "section")) != palette.color(QPalette::Base));
 }
 
 void TestMemberTable::memberBecomesALinkAndBack()

@@ -6,6 +6,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 
@@ -74,6 +75,7 @@ private Q_SLOTS:
     void hints_data();
     void hints();
     void hintGoesWithTheEditing();
+    void hintIsOnTheScreen();
     void history();
     void historyKeepsDigits();
     void escapeRestores();
@@ -537,6 +539,29 @@ void TestPropertyPanel::hintGoesWithTheEditing()
     stage.select({1});
     stage.edit("length_offset").setFocus(Qt::TabFocusReason);
     QCOMPARE(hintBelow(stage.edit("length_offset")), QString());
+}
+
+void TestPropertyPanel::hintIsOnTheScreen()
+{
+    // The form stands at the right edge of the screen, and a long hint has to be read there.
+    EditorStage stage;
+    const QRect screen = stage.window.screen()->availableGeometry();
+    stage.select({0});
+    const QPoint edge(screen.right() - 100, screen.top() + 100);
+    const QPoint edit = stage.edit("line_load").mapTo(&stage.window, QPoint());
+    stage.window.move(edge - edit);
+    QCoreApplication::processEvents();
+    for (const char* text : {"2", "about 2", "3"}) {
+        stage.type("line_load", QLatin1String(text));
+        QCoreApplication::processEvents();
+        const QWidget* popup = nullptr;
+        for (const auto* child : stage.edit("line_load").findChildren<QWidget*>()) {
+            popup = child->isWindow() && child->isVisible() ? child : popup;
+        }
+        QVERIFY(popup != nullptr);
+        QVERIFY2(screen.contains(popup->geometry()),
+                 qPrintable(QStringLiteral("%1 at %2").arg(QLatin1String(text)).arg(popup->x())));
+    }
 }
 
 void TestPropertyPanel::history()
