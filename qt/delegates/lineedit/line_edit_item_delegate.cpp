@@ -4,13 +4,16 @@
 #include "platform/widgets.h"
 #include "qt/inc/delegates/roles.h"
 #include "qt/inc/detail/line_edit_impl.h"
+#include "qt/src/row_tracker.h"
 
+#include <QAbstractProxyModel>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QMap>
 #include <QPainter>
 #include <QPixmap>
 #include <QPointer>
+#include <QSortFilterProxyModel>
 #include <QStyle>
 
 #include <utility>
@@ -66,6 +69,37 @@ QString runKeepingOpen(const boost::function<QString(const QString&)>& fn,
 bool hasTypedValue(const QModelIndex& index)
 {
     return index.model()->data(index, EditRole).canConvert<boost::any>();
+}
+
+/// Whether rows of the model may move or go when a text changes, by a proxy model at any level.
+bool sortsOrFilters(const QAbstractItemModel* model)
+{
+    while (const auto* proxy = qobject_cast<const QAbstractProxyModel*>(model)) {
+        if (qobject_cast<const QSortFilterProxyModel*>(proxy) != nullptr) {
+            return true;
+        }
+        model = proxy->sourceModel();
+    }
+    return false;
+}
+
+/// Writes the roles in one operation, as far as the model has such a one.
+void writeRoles(QAbstractItemModel& model, const QModelIndex& index,
+                const QMap<int, QVariant>& roles)
+{
+    if (!sortsOrFilters(&model)) {
+        model.setItemData(index, roles);
+        return;
+    }
+    // Such a model would write role after role to the same place, where the new text may have
+    // brought another row meanwhile.
+    const int row = index.row();
+    const int column = index.column();
+    const detail::RowTracker tracker(model, {index});
+    bool ok = true;
+    for (auto it = roles.cbegin(); ok && it != roles.cend(); ++it) {
+        ok = tracker.setData(row, column, it.value(), it.key());
+    }
 }
 
 } // namespace
@@ -159,7 +193,7 @@ void LineEditItemDelegate::setModelData(QWidget* editor, QAbstractItemModel* mod
     // A model may ask the user about the value. The editor, which loses the focus then, must not
     // be closed from within: the view that is committing goes on with it, and closes it later.
     const ZEL_QT_SignalBlocker blocker(const_cast<LineEditItemDelegate*>(this));
-    model->setItemData(index, roles);
+    writeRoles(*model, index, roles);
 }
 
 void LineEditItemDelegate::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

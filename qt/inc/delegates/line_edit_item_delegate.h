@@ -57,8 +57,10 @@ public:
     /// Shows the value in the edit and selects all of the text. Another editor than a QLineEdit is
     /// reported ("edit").
     void setEditorData(QWidget* editor, const QModelIndex& index) const override;
-    /// Writes the value, and its text for display as text and tool tip, in one setItemData().
-    /// Another editor than a QLineEdit is reported ("edit").
+    /// Writes the value, and its text for display as text and tool tip, in one setItemData(). To a
+    /// model with a QSortFilterProxyModel in it, which has no such single operation, they go one by
+    /// one, all to the same row even if the first of them moves or hides it. Another editor than a
+    /// QLineEdit is reported ("edit").
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
     void updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem& option,

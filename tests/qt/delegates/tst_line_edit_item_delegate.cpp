@@ -9,10 +9,12 @@
 #include <QApplication>
 #include <QEventLoop>
 #include <QHeaderView>
+#include <QIdentityProxyModel>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
+#include <QSortFilterProxyModel>
 #include <QTableView>
 #include <QTimer>
 #include <QToolButton>
@@ -139,6 +141,8 @@ private Q_SLOTS:
     void closesWith();
     void modelThatAsksTheUser();
     void helperEdit();
+    void modelThatMovesOrHidesTheRow_data();
+    void modelThatMovesOrHidesTheRow();
 };
 
 void LineEditItemDelegateTest::roles()
@@ -674,6 +678,40 @@ void LineEditItemDelegateTest::helperEdit()
     QVERIFY(finished.isValid());
     QVERIFY(QMetaObject::invokeMethod(&edit, "emitEditingFinished"));
     QCOMPARE(finished.count(), 1);
+}
+
+void LineEditItemDelegateTest::modelThatMovesOrHidesTheRow_data()
+{
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<bool>("behindAnother");
+    QTest::newRow("sorts by the text") << "" << false;
+    QTest::newRow("hides other texts") << "1" << false;
+    QTest::newRow("sorts by the text, behind another proxy") << "" << true;
+    QTest::newRow("hides other texts, behind another proxy") << "1" << true;
+}
+
+void LineEditItemDelegateTest::modelThatMovesOrHidesTheRow()
+{
+    QFETCH(QString, filter);
+    Fixture f;
+    QSortFilterProxyModel sorted;
+    sorted.setSourceModel(&f.model);
+    sorted.setFilterFixedString(filter);
+    sorted.sort(0);
+    QIdentityProxyModel same;
+    same.setSourceModel(&sorted);
+    QFETCH(bool, behindAnother);
+    QAbstractItemModel& shown = behindAnother ? static_cast<QAbstractItemModel&>(same) : sorted;
+    QLineEdit edit;
+    edit.setText("99");
+    f.delegate->setModelData(&edit, &shown, shown.index(0, 0));
+    QCOMPARE(f.model.cell(0, 0).text, QVariant("99 kN"));
+    QCOMPARE(f.model.cell(0, 0).toolTip, QVariant("99 kN"));
+    QCOMPARE(boost::any_cast<int>(f.model.value(0, 0)), 99);
+    QCOMPARE(f.model.cell(1, 0).text, QVariant("13 kN"));
+    QCOMPARE(f.model.cell(1, 0).toolTip, QVariant("13 kN"));
+    QCOMPARE(boost::any_cast<int>(f.model.value(1, 0)), 13);
+    QCOMPARE(sorted.rowCount(), filter.isEmpty() ? 2 : 1);
 }
 
 QTEST_MAIN(LineEditItemDelegateTest)
