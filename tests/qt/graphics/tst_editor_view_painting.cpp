@@ -129,6 +129,7 @@ private Q_SLOTS:
     void rulerOfBackwardsRangeIsEmpty();
     void rulerInARightToLeftLayout();
     void rulerMarkPixels();
+    void twoDevicePixelsToAPixel();
     void everythingTogetherInOrder();
     void foregroundIsAboveTheItems();
     void painterIsRestored();
@@ -587,6 +588,43 @@ void EditorViewPaintingTest::rulerMarkPixels()
     // No marks beyond the last major one.
     QCOMPARE(image.pixel(320, 0), plain.pixel(320, 0));
     QCOMPARE(image.pixel(0, 220), plain.pixel(0, 220));
+}
+
+void EditorViewPaintingTest::twoDevicePixelsToAPixel()
+{
+    EditorView view;
+    ViewStage stage(view);
+    view.setRulers(true, true);
+    view.setTitle(QStringLiteral("M"));
+    QImage image(QSize(800, 600), QImage::Format_RGB32);
+    image.setDevicePixelRatio(2);
+    view.viewport()->render(&image);
+    const QColor black(Qt::black);
+    // Marks are as long and stand where they do on another screen, in pixels of the widget.
+    for (int i = 0; i < 15; ++i) {
+        QCOMPARE(image.pixelColor(200, i), black);
+        QCOMPARE(image.pixelColor(i, 200), black);
+    }
+    for (int i = 0; i < 5; ++i) {
+        QCOMPARE(image.pixelColor(240, i), black);
+        QCOMPARE(image.pixelColor(i, 240), black);
+    }
+    for (int i = 8; i < 18; ++i) {
+        QVERIFY(image.pixelColor(240, i).lightness() > 150);
+        QVERIFY(image.pixelColor(i, 240).lightness() > 150);
+    }
+    // The title stands on its base line.
+    const auto inkOf = [&image](const QRect& part) {
+        int ink = 0;
+        for (int y = part.top(); y <= part.bottom(); ++y) {
+            for (int x = part.left(); x <= part.right(); ++x) {
+                ink += image.pixelColor(x, y).lightness() < 100 ? 1 : 0;
+            }
+        }
+        return ink;
+    };
+    QVERIFY(inkOf(QRect(40, 46, 20, 14)) > 20);
+    QCOMPARE(inkOf(QRect(40, 62, 20, 14)), 0);
 }
 
 void EditorViewPaintingTest::everythingTogetherInOrder()
