@@ -21,6 +21,7 @@ public:
     ~SimpleCheckBox() override;
 
     bool isChecked() const;
+    /// Shows a value. A plain check box tells nobody; see MultiEditCheckBox for one that does.
     virtual void setChecked(bool checked);
 
 protected:

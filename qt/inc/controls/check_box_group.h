@@ -26,7 +26,7 @@ class MultiEditCheckBox;
 ///
 /// For a selection the host calls reset(), then readValue() for each object and index, then
 /// onEndRead(). Indexes go from 0 to size() - 1; another one reports the assertion
-/// "idx < m_checks.size()" and throws std::out_of_range.
+/// "idx < m_checks.size()" and throws std::out_of_range. setEnabled() throws without a report.
 class ZEL_QT_EXPORT MultiEditCheckBoxGroup : public QObject
 {
     Q_OBJECT
@@ -46,6 +46,8 @@ public:
 
     /// Passes the value of one more object to a box. "All" waits for onEndRead().
     void readValue(std::size_t idx, bool value);
+    /// Gives a box a single value, as MultiEditCheckBox::setChecked() does; the group passes its
+    /// signals on.
     void setValue(std::size_t idx, bool value);
     /// The shown state of a box; true while its values vary.
     bool getValue(std::size_t idx) const;

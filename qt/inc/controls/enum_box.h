@@ -41,9 +41,11 @@ public:
     /// Whether the typed text is valid. Only for editable mode; false outside it.
     bool isValueValid() const;
 
+    /// That of the combo box.
     void setSizeAdjustPolicy(QComboBox::SizeAdjustPolicy policy);
 
     using QWidget::resize;
+    /// Resizes the box, in pixels; virtual for those who adapt the combo box to it.
     virtual void resize(int width, int height);
 
 Q_SIGNALS:

@@ -31,9 +31,11 @@ class ZEL_QT_EXPORT MultiEditFilePicker : public QWidget, public MultiEditContro
 {
     Q_OBJECT
 public:
+    /// The parent, which may be null, owns the picker; one on the stack has none.
     MultiEditFilePicker(QWidget* parent, TypeofPath type);
     ~MultiEditFilePicker() override;
 
+    /// The text stays until the next readValue(). Emits nothing.
     void reset() override;
     /// Takes a std::string in UTF-8 or a std::wstring.
     void readValue(const boost::any& value) override;
@@ -42,6 +44,7 @@ public:
     boost::any getCurrentValue() const override;
     /// Takes what readValue() takes. Emits nothing.
     void setValue(const boost::any& value) override;
+    /// Shows the marker. Emits nothing.
     void forceVaries() override;
 
     /// The path as a std::string in UTF-8; for several files a text that counts them. Empty while

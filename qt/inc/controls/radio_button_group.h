@@ -93,6 +93,7 @@ public:
            QWidget* parent, ILayouter* layouter = nullptr, bool withGroupBox = true,
            bool withButtonGroup = true);
 
+    /// Makes the buttons and checks the first. The arguments are those of SimpleRadioButtonGroup.
     MultiEditRadioButtonGroup(
         const QString& label, const NamedValueList& values,
         bool (*const& equalFn)(const boost::any&, const boost::any&),

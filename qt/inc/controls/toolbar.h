@@ -62,11 +62,13 @@ public:
                                    const QString& toolTip, boost::function<void()> fn,
                                    unsigned int mask);
 
+    /// Adds a text that clear() and setButtonsEnabled() leave alone.
     void addLabel(const QString& text, const QString& toolTip);
     /// Adds a widget that clear() and setButtonsEnabled() leave alone.
     void addWidget(QWidget* widget);
     /// Pixels of free space before the next button.
     void addSpacing(int size);
+    /// Space that takes its share of what is free, by its factor, 0 or more, as in a QBoxLayout.
     void addStretch(int stretch);
 
     /// Enables or disables every button whose mask has a bit in common with `mask`.
