@@ -7,6 +7,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QEventLoop>
 #include <QHeaderView>
 #include <QIdentityProxyModel>
@@ -141,6 +142,7 @@ private Q_SLOTS:
     void closesWith();
     void modelThatAsksTheUser();
     void helperEdit();
+    void contextMenuLeavesTheEditorOpen();
     void modelThatMovesOrHidesTheRow_data();
     void modelThatMovesOrHidesTheRow();
 };
@@ -678,6 +680,30 @@ void LineEditItemDelegateTest::helperEdit()
     QVERIFY(finished.isValid());
     QVERIFY(QMetaObject::invokeMethod(&edit, "emitEditingFinished"));
     QCOMPARE(finished.count(), 1);
+}
+
+void LineEditItemDelegateTest::contextMenuLeavesTheEditorOpen()
+{
+    Fixture f;
+    QVERIFY(f.show());
+    QPointer<QLineEdit> edit = f.open(0, 0);
+    QVERIFY(edit != nullptr);
+    QTest::keyClicks(edit, "77");
+    const QPoint place(3, 3);
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, place, edit->mapToGlobal(place));
+    QApplication::sendEvent(edit, &asked);
+    QWidget* menu = QApplication::activePopupWidget();
+    QVERIFY(menu != nullptr);
+    settle();
+    QVERIFY(f.editor() == edit);
+    menu->close();
+    settle();
+    QVERIFY(f.editor() == edit);
+    QCOMPARE(f.commits, 0);
+    QCOMPARE(f.model.itemWrites, 0);
+    QTest::keyClick(edit, Qt::Key_Return);
+    settle();
+    QCOMPARE(boost::any_cast<int>(f.model.value(0, 0)), 77);
 }
 
 void LineEditItemDelegateTest::modelThatMovesOrHidesTheRow_data()
