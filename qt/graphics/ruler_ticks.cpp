@@ -8,7 +8,8 @@ namespace {
 
 constexpr int minorPerMajor = 5;
 
-/// Both ends of each interval are drawn as minor marks too.
+/// Both ends of each interval are drawn as minor marks too, the second one where the sum of the
+/// steps does not miss it by its rounding.
 constexpr int minorMarksPerInterval = minorPerMajor + 1;
 
 /// The multiple of `step` next to `value` on the side of zero; never a negative zero, which a
@@ -18,9 +19,9 @@ double cutToMultiple(double value, double step)
     return std::trunc(value / step) * step + 0.0;
 }
 
-double marksFor(double majorCount)
+double fewestMarksFor(double majorCount)
 {
-    return majorCount + minorMarksPerInterval * (majorCount - 1);
+    return majorCount + minorPerMajor * (majorCount - 1);
 }
 
 /// How many intervals between major marks become one, so that `majorCount` of them on `pixels`
@@ -54,6 +55,25 @@ std::vector<double> addUp(double first, double last, double step, long maxCount)
     return sums;
 }
 
+double countOf(double first, double last, double step)
+{
+    return (last - first) / step + 1;
+}
+
+RulerTicks ticksBetween(double first, double last, double majorStep)
+{
+    RulerTicks ticks;
+    ticks.major = addUp(first, last, majorStep, std::lround(countOf(first, last, majorStep)));
+    for (std::size_t i = 1; i < ticks.major.size(); ++i) {
+        const double a = ticks.major[i - 1];
+        const double b = ticks.major[i];
+        const std::vector<double> minor =
+            addUp(a, b, (b - a) / minorPerMajor, minorMarksPerInterval);
+        ticks.minor.insert(ticks.minor.end(), minor.begin(), minor.end());
+    }
+    return ticks;
+}
+
 } // namespace
 
 double rulerStep(double pixel)
@@ -70,32 +90,23 @@ double rulerStep(double pixel)
 
 RulerTicks rulerTicks(double low, double high, double pixel, int maxMarks)
 {
-    RulerTicks ticks;
     double majorStep = rulerStep(pixel) * minorPerMajor;
     double first = cutToMultiple(low, majorStep);
     double last = cutToMultiple(high, majorStep);
-    double count = (last - first) / majorStep + 1;
+    const double count = countOf(first, last, majorStep);
     if (maxMarks < 1 || !(last >= first) || !std::isfinite(count)) {
-        return ticks;
+        return {};
     }
-    if (marksFor(count) > maxMarks) {
-        majorStep *= thinningFactor(count, maxMarks);
-        first = std::ceil(first / majorStep) * majorStep + 0.0;
-        last = std::floor(last / majorStep) * majorStep + 0.0;
-        count = (last - first) / majorStep + 1;
-        if (!(last >= first)) {
+    if (fewestMarksFor(count) <= maxMarks) {
+        RulerTicks ticks = ticksBetween(first, last, majorStep);
+        if (ticks.major.size() + ticks.minor.size() <= static_cast<std::size_t>(maxMarks)) {
             return ticks;
         }
     }
-    ticks.major = addUp(first, last, majorStep, std::lround(count));
-    for (std::size_t i = 1; i < ticks.major.size(); ++i) {
-        const double a = ticks.major[i - 1];
-        const double b = ticks.major[i];
-        const std::vector<double> minor =
-            addUp(a, b, (b - a) / minorPerMajor, minorMarksPerInterval);
-        ticks.minor.insert(ticks.minor.end(), minor.begin(), minor.end());
-    }
-    return ticks;
+    majorStep *= thinningFactor(count, maxMarks);
+    first = std::ceil(first / majorStep) * majorStep + 0.0;
+    last = std::floor(last / majorStep) * majorStep + 0.0;
+    return last >= first ? ticksBetween(first, last, majorStep) : RulerTicks();
 }
 
 } // namespace zel::qt::graphics

@@ -60,6 +60,7 @@ private Q_SLOTS:
     void neverMoreMarksThanPixels_data();
     void neverMoreMarksThanPixels();
     void marksAreLeftOutOnlyWhereTheyDoNotFit();
+    void marksMissedByRoundingTakeNoRoom();
     void thinnedMarksAreMarksOfTheFullSet_data();
     void thinnedMarksAreMarksOfTheFullSet();
     void noMarks_data();
@@ -256,6 +257,16 @@ void RulerTicksTest::marksAreLeftOutOnlyWhereTheyDoNotFit()
     const RulerTicks thinned = rulerTicks(0, 50, 0.09, 70);
     QCOMPARE(thinned.major, (Numbers{0, 50}));
     QCOMPARE(thinned.minor, (Numbers{0, 10, 20, 30, 40, 50}));
+}
+
+/// The fifth of five steps can miss the end of its interval by the rounding of its sum. What counts
+/// is the marks that there are: of these, 21 major ones with 115 and not 120 minor ones.
+void RulerTicksTest::marksMissedByRoundingTakeNoRoom()
+{
+    const RulerTicks full = rulerTicks(0, 10, 0.009, 136);
+    QCOMPARE(full.major.size(), std::size_t(21));
+    QCOMPARE(full.minor.size(), std::size_t(115));
+    QVERIFY(rulerTicks(0, 10, 0.009, 135).major.size() < 21);
 }
 
 void RulerTicksTest::thinnedMarksAreMarksOfTheFullSet_data()
