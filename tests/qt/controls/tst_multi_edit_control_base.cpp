@@ -114,6 +114,10 @@ void MultiEditControlBaseTest::lastFunctionsCount()
     QVERIFY(!control.save(storage));
     control.load(storage);
     QCOMPARE(loaded, 2);
+    control.setCanBeSaved("third", {}, {});
+    loaded = 0;
+    control.load(storage);
+    QCOMPARE(loaded, 0);
 }
 
 void MultiEditControlBaseTest::loadDoesNotTouchTheLoadingState()

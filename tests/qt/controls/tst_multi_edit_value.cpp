@@ -215,6 +215,17 @@ void MultiEditValueTest::firstReadGoesThroughSetValue()
     Counting value(&differs);
     apply(value, QStringLiteral("12"));
     QCOMPARE(value.sets, 1);
+
+    // The state is the reading's own: what was forced before is gone whatever is made of the value.
+    struct Refusing : MultiEditValue
+    {
+        using MultiEditValue::MultiEditValue;
+        void setValue(const boost::any&) override {}
+    };
+    Refusing refusing(&differs);
+    refusing.forceVaries();
+    refusing.readValue(1);
+    QVERIFY(!refusing.dataVaries());
 }
 
 void MultiEditValueTest::currentValueAsksTheVirtualState()

@@ -127,6 +127,7 @@ private Q_SLOTS:
     void conversionWithoutFunctionsIsItsInner();
     void conversionWithoutInnerRefuses();
     void conversionConvertsWhatWasAccepted();
+    void conversionSeesThatThereIsNoValue();
     void conversionNeverSeesAPlaceholder();
     void conversionFormatsACopy();
     void conversionFunctionsAreCleared();
@@ -291,6 +292,21 @@ void ValidatorCompositionTest::conversionConvertsWhatWasAccepted()
     QCOMPARE(conversion.reformat(7, noFlags), QString("a7"));
 }
 
+void ValidatorCompositionTest::conversionSeesThatThereIsNoValue()
+{
+    // An empty text that is allowed is accepted too, and the host may store a number for it.
+    const auto inner = boost::make_shared<DoubleEditValidator>();
+    inner->setEmptyValueAllowed(true);
+    ConversionValidator conversion(inner);
+    conversion.setConversionFn({}, [](boost::any& value) {
+        if (value.empty()) {
+            value = -1;
+        }
+    });
+    QCOMPARE(validated(conversion, "").told(), QString("true int -1"));
+    QCOMPARE(finished(conversion, "").told(), QString("true int -1"));
+}
+
 void ValidatorCompositionTest::conversionNeverSeesAPlaceholder()
 {
     int calls = 0;
@@ -374,6 +390,12 @@ void ValidatorCompositionTest::firstNonEmptyTextWins()
     log.clear();
     QCOMPARE(chainOf({"a", "b"}, &log)->reformat(7, noFlags), QString("a7"));
     QCOMPARE(log, QStringList({"a reformat 0"}));
+    // A blank is a text.
+    std::deque<std::unique_ptr<IValidator>> texts;
+    texts.push_back(std::make_unique<StringEditValidator>(5));
+    texts.push_back(std::make_unique<Probe>("a", &log));
+    ChainedValidator ofTexts(std::move(texts));
+    QCOMPARE(ofTexts.reformat(std::wstring(L" "), noFlags), QString(" "));
 }
 
 void ValidatorCompositionTest::chainFinishesWithValidate()
