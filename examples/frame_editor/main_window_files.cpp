@@ -2,6 +2,7 @@
 #include "examples/frame_editor/document.h"
 #include "examples/frame_editor/form.h"
 #include "examples/frame_editor/main_window.h"
+#include "examples/frame_editor/member_table.h"
 #include "examples/frame_editor/model_file.h"
 #include "examples/frame_editor/property_panel.h"
 
@@ -11,6 +12,36 @@
 #include <QMessageBox>
 
 namespace frame_editor {
+
+namespace {
+
+/// Keeps a text of the table that was refused through a dialog, for the user to mend. What is being
+/// typed has to be committed before.
+class OpenCell
+{
+public:
+    explicit OpenCell(MemberTable& table)
+        : m_table(table)
+        , m_open(table.openText())
+    {}
+    ~OpenCell()
+    {
+        m_table.reopen(m_open);
+    }
+    OpenCell(const OpenCell&) = delete;
+    OpenCell& operator=(const OpenCell&) = delete;
+
+    void giveUp()
+    {
+        m_open = {};
+    }
+
+private:
+    MemberTable& m_table;
+    MemberTable::OpenText m_open;
+};
+
+} // namespace
 
 bool MainWindow::openFile(const QString& fileName)
 {
@@ -40,6 +71,8 @@ bool MainWindow::openForm(const QString& fileName)
 
 void MainWindow::openFormWithDialog()
 {
+    commitPending();
+    const OpenCell open(*m_table);
     const QStringList forms = formFiles();
     const QString fileName = QFileDialog::getOpenFileName(
         this, tr("Open a form"), forms.isEmpty() ? QString() : forms.first(), tr("Forms (*.json)"));
@@ -75,12 +108,20 @@ bool MainWindow::saveWithDialog()
     if (!m_document.fileName().isEmpty()) {
         dialog.selectFile(present.fileName());
     }
-    return dialog.exec() == QDialog::Accepted && saveTo(dialog.selectedFiles().constFirst());
+    commitPending();
+    {
+        const OpenCell open(*m_table);
+        if (dialog.exec() != QDialog::Accepted) {
+            return false;
+        }
+    }
+    return saveTo(dialog.selectedFiles().constFirst());
 }
 
 bool MainWindow::saveTo(const QString& fileName)
 {
     const QString refusal = commitPending();
+    const OpenCell open(*m_table);
     try {
         m_document.saveAs(fileName);
     } catch (const FileError& error) {
@@ -114,6 +155,7 @@ bool MainWindow::mayDiscard()
     if (!refusal.isEmpty()) {
         reasons << refusal;
     }
+    OpenCell open(*m_table);
     QMessageBox box(QMessageBox::Question, tr("Unsaved changes"), reasons.join(QLatin1Char('\n')),
                     QMessageBox::Discard | QMessageBox::Cancel, this);
     box.setTextFormat(Qt::PlainText);
@@ -122,10 +164,11 @@ bool MainWindow::mayDiscard()
     }
     box.setDefaultButton(modified ? QMessageBox::Save : QMessageBox::Cancel);
     const int answer = box.exec();
-    if (answer == QMessageBox::Save) {
-        return save();
+    const bool may = answer == QMessageBox::Save ? save() : answer == QMessageBox::Discard;
+    if (may) {
+        open.giveUp();
     }
-    return answer == QMessageBox::Discard;
+    return may;
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -12,6 +12,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
 #include <QScopedValueRollback>
@@ -116,6 +117,25 @@ void MemberTable::closeOpenEditor()
     commitPending();
     if (QWidget* editor = indexWidget(currentIndex())) {
         closeEditor(editor, QAbstractItemDelegate::NoHint);
+    }
+}
+
+MemberTable::OpenText MemberTable::openText() const
+{
+    const auto* editor =
+        state() == EditingState ? qobject_cast<QLineEdit*>(indexWidget(currentIndex())) : nullptr;
+    return editor ? OpenText{currentIndex(), editor->text()} : OpenText();
+}
+
+void MemberTable::reopen(const OpenText& open)
+{
+    if (!open.cell.isValid() || indexWidget(open.cell)) {
+        return;
+    }
+    setCurrentIndex(open.cell);
+    edit(open.cell);
+    if (auto* editor = qobject_cast<QLineEdit*>(indexWidget(open.cell))) {
+        editor->setText(open.text);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "qt/inc/table_view.h"
 
 #include <QKeySequence>
+#include <QPersistentModelIndex>
 
 #include <deque>
 #include <utility>
@@ -41,6 +42,16 @@ public:
     /// of a text that is refused stays open.
     /// @return why it is refused, or an empty text
     QString commitPending();
+
+    /// A cell that is being edited, with what stands in its editor.
+    struct OpenText
+    {
+        QPersistentModelIndex cell; ///< invalid if there is none
+        QString text;
+    };
+    OpenText openText() const;
+    /// Edits the cell again where it was left: an editor closes when a dialog takes the focus.
+    void reopen(const OpenText& open);
 
     QSize sizeHint() const override;
 

@@ -424,6 +424,10 @@ void TestFrameEditor::refused_data()
         "Note: the text has characters that cannot be typed");
     row("line break in a list", one("material=S2\n35"), "C1",
         "Material: the text has characters that cannot be typed");
+    row("mark of a rigid link", one("hinge_end=yes"), "L1",
+        "Hinge at end: a rigid link has no such value");
+    row("number of a rigid link", one("line_load=2"), "L1",
+        "Line load: a rigid link has no such value");
     row("disabled field", one("bedding_modulus=1"), "C1", "Bedding modulus: the field is disabled");
 }
 

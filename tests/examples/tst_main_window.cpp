@@ -2,7 +2,7 @@
 #include "examples/frame_editor/canvas_items.h"
 #include "examples/frame_editor/member_list.h"
 #include "examples/frame_editor/model_file.h"
-#include "tests/examples/editor_stage.h"
+#include "tests/examples/member_table_stage.h"
 #include "tests/helpers/checked_test.h"
 #include "tests/helpers/view_stage.h"
 
@@ -24,6 +24,7 @@
 using namespace frame_editor;
 using zel::test::EditorStage;
 using zel::test::EventCount;
+using zel::test::MemberTableStage;
 
 namespace {
 
@@ -86,6 +87,8 @@ private Q_SLOTS:
     void closeAndCancel();
     void closeTakesWhatIsBeingTyped();
     void closeTakesATypedChoice();
+    void closeTakesACellThatIsBeingTyped();
+    void closeAsksForARefusedCell();
     void closeAsksForARefusedText();
     void closeWithFailedSave();
     void saveTellsOfARefusedText();
@@ -194,6 +197,52 @@ void TestMainWindow::closeTakesATypedChoice()
     QCOMPARE(answer.text, QStringLiteral("The model has changes that are not saved."));
     QCOMPARE(stage.member(0).material, QStringLiteral("S235"));
     QCOMPARE(stage.steps(), 1);
+}
+
+void TestMainWindow::closeTakesACellThatIsBeingTyped()
+{
+    MemberTableStage stage;
+    stage.typeInto(stage.cell("R1", "line_load"), QStringLiteral("2.5"));
+    Answer answer(QMessageBox::Cancel);
+    QVERIFY(!stage.window.close());
+    QCOMPARE(answer.text, QStringLiteral("The model has changes that are not saved."));
+    QCOMPARE(stage.named("R1").lineLoad, 2.5);
+    QVERIFY(stage.editor() == nullptr);
+}
+
+void TestMainWindow::closeAsksForARefusedCell()
+{
+    MemberTableStage stage;
+    stage.typeInto(stage.cell("R1", "line_load"), QStringLiteral("2,5"));
+    {
+        Answer answer(QMessageBox::Cancel);
+        QVERIFY(!stage.window.close());
+        QVERIFY2(answer.text.contains(QStringLiteral("decimals stand behind a point")),
+                 qPrintable(answer.text));
+    }
+    // Back in the window the text can be mended.
+    const auto text = [&stage] {
+        const auto* edit = qobject_cast<QLineEdit*>(stage.editor());
+        return edit ? edit->text() : QString();
+    };
+    QCOMPARE(text(), QStringLiteral("2,5"));
+    QCOMPARE(stage.window.focusWidget(), stage.editor());
+    // So it can behind the other dialogs.
+    {
+        const DialogVisit visit(
+            [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        QVERIFY(!stage.window.saveWithDialog());
+    }
+    QCOMPARE(text(), QStringLiteral("2,5"));
+    {
+        const DialogVisit visit(
+            [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+        stage.window.openFormWithDialog();
+    }
+    QCOMPARE(text(), QStringLiteral("2,5"));
+    Answer answer(QMessageBox::Discard);
+    QVERIFY(stage.window.close());
+    QCOMPARE(stage.steps(), 0);
 }
 
 void TestMainWindow::closeAsksForARefusedText()
