@@ -117,9 +117,10 @@ void MemberTable::chooseByRow(int first, int last)
 /// The keys of the forwarding delegate have moved down already.
 void MemberTable::insertRows(int first, int last)
 {
+    const int count = last - first + 1;
     const auto at = std::min(m_rowDelegates.size(), static_cast<std::size_t>(first));
     m_rowDelegates.insert(m_rowDelegates.begin() + static_cast<std::ptrdiff_t>(at),
-                          static_cast<std::size_t>(last - first + 1), RowDelegates());
+                          static_cast<std::size_t>(count), RowDelegates());
     chooseByRow(first, last);
 }
 
