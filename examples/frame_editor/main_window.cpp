@@ -22,12 +22,32 @@
 #include <QFileInfo>
 #include <QLabel>
 #include <QMenuBar>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QStyle>
 #include <QToolBar>
 #include <QUndoStack>
 
 namespace frame_editor {
+
+namespace {
+
+/// A view that scrolls upwards and downwards where the screen has less room than it needs.
+QScrollArea* scrolled(QWidget* view)
+{
+    auto* area = new QScrollArea(view->parentWidget());
+    area->setObjectName(view->objectName() + QStringLiteral("Area"));
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(view);
+    area->setMinimumWidth(view->minimumSizeHint().width() +
+                          area->verticalScrollBar()->sizeHint().width());
+    return area;
+}
+
+} // namespace
 
 MainWindow::MainWindow(Document& document, UnitSettings& units, const Form& form, QWidget* parent)
     : QMainWindow(parent)
@@ -258,7 +278,7 @@ void MainWindow::createViews(const Form& form)
     m_panel = new PropertyPanel(m_document, m_units, form, this);
     QDockWidget* properties = addDock(Qt::RightDockWidgetArea, tr("Properties"), m_panel);
     m_results = new ResultsView(m_document, m_units, this);
-    addDock(Qt::LeftDockWidgetArea, tr("Results"), m_results);
+    addDock(Qt::LeftDockWidgetArea, tr("Results"), scrolled(m_results));
     resizeDocks({members, properties}, {270, 470}, Qt::Horizontal);
     connect(m_panel, &PropertyPanel::told, this, &MainWindow::showStatus);
     createCanvas();

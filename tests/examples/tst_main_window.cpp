@@ -2,6 +2,7 @@
 #include "examples/frame_editor/canvas_items.h"
 #include "examples/frame_editor/member_list.h"
 #include "examples/frame_editor/model_file.h"
+#include "examples/frame_editor/results_view.h"
 #include "tests/examples/member_table_stage.h"
 #include "tests/helpers/checked_test.h"
 #include "tests/helpers/view_stage.h"
@@ -81,6 +82,7 @@ class TestMainWindow : public zel::test::CheckedTest
 
 private Q_SLOTS:
     void title();
+    void resultsScrollInALowWindow();
     void closeUnchanged();
     void closeAndSave();
     void closeAndDiscard();
@@ -125,6 +127,17 @@ void TestMainWindow::title()
     QVERIFY(stage.window.isWindowModified());
     stage.document.undoStack().undo();
     QVERIFY(!stage.window.isWindowModified());
+}
+
+/// Below a small screen the status bar would not be seen.
+void TestMainWindow::resultsScrollInALowWindow()
+{
+    EditorStage stage;
+    const auto* results = stage.window.findChild<ResultsView*>();
+    QVERIFY(results != nullptr);
+    stage.window.resize(stage.window.width(), stage.window.minimumSizeHint().height());
+    QTRY_VERIFY(results->visibleRegion().boundingRect().height() < results->height());
+    QVERIFY(!results->visibleRegion().isEmpty());
 }
 
 void TestMainWindow::closeUnchanged()
