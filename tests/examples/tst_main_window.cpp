@@ -29,6 +29,20 @@ using zel::test::MemberTableStage;
 
 namespace {
 
+/// The frame editor with its model in a file of its own, and the first member selected.
+struct SavedStage : EditorStage
+{
+    explicit SavedStage(const QString& name = QStringLiteral("m.json"))
+        : fileName(folder.filePath(name))
+    {
+        document.saveAs(fileName);
+        select({0});
+    }
+
+    QTemporaryDir folder;
+    const QString fileName;
+};
+
 /// Answers the next message box, and keeps its text.
 class Answer : public QObject
 {
@@ -148,29 +162,21 @@ void TestMainWindow::closeUnchanged()
 
 void TestMainWindow::closeAndSave()
 {
-    QTemporaryDir folder;
-    const QString fileName = folder.filePath(QStringLiteral("m.json"));
-    EditorStage stage;
-    stage.document.saveAs(fileName);
-    stage.select({0});
+    SavedStage stage;
     stage.enter("line_load", QStringLiteral("1.5"));
     Answer answer(QMessageBox::Save);
     QVERIFY(stage.window.close());
     QVERIFY(!answer.text.isEmpty());
-    QCOMPARE(loadModel(fileName).members.at(0).lineLoad, 1.5);
+    QCOMPARE(loadModel(stage.fileName).members.at(0).lineLoad, 1.5);
 }
 
 void TestMainWindow::closeAndDiscard()
 {
-    QTemporaryDir folder;
-    const QString fileName = folder.filePath(QStringLiteral("m.json"));
-    EditorStage stage;
-    stage.document.saveAs(fileName);
-    stage.select({0});
+    SavedStage stage;
     stage.enter("line_load", QStringLiteral("1.5"));
     Answer answer(QMessageBox::Discard);
     QVERIFY(stage.window.close());
-    QCOMPARE(loadModel(fileName).members.at(0).lineLoad, 3.6);
+    QCOMPARE(loadModel(stage.fileName).members.at(0).lineLoad, 3.6);
 }
 
 void TestMainWindow::closeAndCancel()
@@ -286,10 +292,7 @@ void TestMainWindow::closeAsksForARefusedText()
 
 void TestMainWindow::saveTellsOfARefusedText()
 {
-    QTemporaryDir folder;
-    EditorStage stage;
-    stage.document.saveAs(folder.filePath(QStringLiteral("m.json")));
-    stage.select({0});
+    SavedStage stage;
     stage.type("line_load", QStringLiteral("2,5"));
     QVERIFY(stage.window.save());
     QCOMPARE(stage.status(),
@@ -318,11 +321,7 @@ void TestMainWindow::closeWithFailedSave()
 
 void TestMainWindow::saveTwice()
 {
-    QTemporaryDir folder;
-    const QString fileName = folder.filePath(QStringLiteral("m.json"));
-    EditorStage stage;
-    stage.document.saveAs(fileName);
-    stage.select({0});
+    SavedStage stage;
     stage.enter("line_load", QStringLiteral("1.5"));
     QTest::keyClick(&stage.window, Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(stage.status(), QStringLiteral("m.json saved"));
@@ -331,13 +330,14 @@ void TestMainWindow::saveTwice()
     QTest::keyClick(&stage.window, Qt::Key_S, Qt::ControlModifier);
     QTest::keyClick(&stage.window, Qt::Key_S, Qt::ControlModifier);
     QVERIFY(!stage.window.isWindowModified());
-    QCOMPARE(loadModel(fileName).members.at(0).lineLoad, 2.5);
+    QCOMPARE(loadModel(stage.fileName).members.at(0).lineLoad, 2.5);
     // What was saved first is one step back.
     QTest::keyClick(&stage.window, Qt::Key_Z, Qt::ControlModifier);
     QVERIFY(stage.window.isWindowModified());
     QTest::keyClick(&stage.window, Qt::Key_S, Qt::ControlModifier);
-    QCOMPARE(loadModel(fileName).members.at(0).lineLoad, 1.5);
-    QCOMPARE(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("m.json")});
+    QCOMPARE(loadModel(stage.fileName).members.at(0).lineLoad, 1.5);
+    QCOMPARE(QDir(stage.folder.path()).entryList(QDir::Files),
+             QStringList{QStringLiteral("m.json")});
 }
 
 void TestMainWindow::fileNames_data()
@@ -352,15 +352,12 @@ void TestMainWindow::fileNames_data()
 void TestMainWindow::fileNames()
 {
     QFETCH(QString, name);
-    QTemporaryDir folder;
-    EditorStage stage;
-    stage.document.saveAs(folder.filePath(name));
-    stage.select({0});
+    SavedStage stage(name);
     stage.enter("line_load", QStringLiteral("1.5"));
     QVERIFY(stage.window.save());
     QCOMPARE(stage.status(), name + QStringLiteral(" saved"));
     EditorStage other;
-    QVERIFY(other.window.openFile(folder.filePath(name)));
+    QVERIFY(other.window.openFile(stage.fileName));
     QCOMPARE(other.member(0).lineLoad, 1.5);
     QCOMPARE(other.status(), name + QStringLiteral(" opened"));
 }
@@ -411,10 +408,7 @@ void TestMainWindow::openAsksForChanges()
 
 void TestMainWindow::statusFollowsTheHistory()
 {
-    QTemporaryDir folder;
-    EditorStage stage;
-    stage.document.saveAs(folder.filePath(QStringLiteral("m.json")));
-    stage.select({0});
+    SavedStage stage;
     stage.enter("line_load", QStringLiteral("1.5"));
     QCOMPARE(stage.status(), QStringLiteral("Line load of C1: written"));
     QTest::keyClick(&stage.window, Qt::Key_Z, Qt::ControlModifier);
