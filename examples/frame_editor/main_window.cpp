@@ -34,18 +34,26 @@ namespace frame_editor {
 namespace {
 
 /// A view that scrolls upwards and downwards where the screen has less room than it needs.
-QScrollArea* scrolled(QWidget* view)
+class ScrolledView : public QScrollArea
 {
-    auto* area = new QScrollArea(view->parentWidget());
-    area->setObjectName(view->objectName() + QStringLiteral("Area"));
-    area->setFrameShape(QFrame::NoFrame);
-    area->setFocusPolicy(Qt::NoFocus);
-    area->setWidgetResizable(true);
-    area->setWidget(view);
-    area->setMinimumWidth(view->minimumSizeHint().width() +
-                          area->verticalScrollBar()->sizeHint().width());
-    return area;
-}
+public:
+    explicit ScrolledView(QWidget* view)
+        : QScrollArea(view->parentWidget())
+    {
+        setObjectName(view->objectName() + QStringLiteral("Area"));
+        setFrameShape(QFrame::NoFrame);
+        setFocusPolicy(Qt::NoFocus);
+        setWidgetResizable(true);
+        setWidget(view);
+        setMinimumWidth(view->minimumSizeHint().width() + verticalScrollBar()->sizeHint().width());
+    }
+
+    /// All of the view, of which the base has a limit.
+    QSize sizeHint() const override
+    {
+        return widget()->sizeHint();
+    }
+};
 
 } // namespace
 
@@ -278,7 +286,7 @@ void MainWindow::createViews(const Form& form)
     m_panel = new PropertyPanel(m_document, m_units, form, this);
     QDockWidget* properties = addDock(Qt::RightDockWidgetArea, tr("Properties"), m_panel);
     m_results = new ResultsView(m_document, m_units, this);
-    addDock(Qt::LeftDockWidgetArea, tr("Results"), scrolled(m_results));
+    addDock(Qt::LeftDockWidgetArea, tr("Results"), new ScrolledView(m_results));
     resizeDocks({members, properties}, {270, 470}, Qt::Horizontal);
     connect(m_panel, &PropertyPanel::told, this, &MainWindow::showStatus);
     createCanvas();

@@ -35,6 +35,11 @@ MemberList::MemberList(Document& document, QWidget* parent)
     showSelection();
 }
 
+QSize MemberList::sizeHint() const
+{
+    return {250, 6 * fontMetrics().height()};
+}
+
 void MemberList::showMembers()
 {
     const std::vector<Member>& members = m_document.model().members;

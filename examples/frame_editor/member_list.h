@@ -13,6 +13,9 @@ class MemberList : public QListWidget
 public:
     MemberList(Document& document, QWidget* parent);
 
+    /// A few rows: what stands below the list is to be seen whole.
+    QSize sizeHint() const override;
+
 private:
     void showMembers();
     void showSelection();

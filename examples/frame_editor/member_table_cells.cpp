@@ -229,15 +229,8 @@ void TextCellDelegate::setModelData(QWidget* editor, QAbstractItemModel* model,
 }
 
 NoCellDelegate::NoCellDelegate(QObject* parent)
-    : LineEditItemDelegate(parent)
+    : QItemDelegate(parent)
 {}
-
-void NoCellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                           const QModelIndex& index) const
-{
-    // Selected as the cells beside it; the base would leave a white box there.
-    QItemDelegate::paint(painter, option, index);
-}
 
 QWidget* NoCellDelegate::createEditor(QWidget*, const QStyleOptionViewItem&,
                                       const QModelIndex&) const

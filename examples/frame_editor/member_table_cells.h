@@ -5,6 +5,8 @@
 #include "qt/inc/delegates.h"
 #include "qt/inc/validators.h"
 
+#include <QItemDelegate>
+
 #include <functional>
 
 namespace frame_editor {
@@ -43,14 +45,12 @@ private:
 };
 
 /// Paints a cell that is not there as one without a text, and opens no editor in it.
-class NoCellDelegate : public zel::qt::LineEditItemDelegate
+class NoCellDelegate : public QItemDelegate
 {
     Q_OBJECT
 public:
     explicit NoCellDelegate(QObject* parent);
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option,
-               const QModelIndex& index) const override;
     QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
                           const QModelIndex& index) const override;
 };
