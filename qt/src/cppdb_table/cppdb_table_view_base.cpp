@@ -241,8 +241,10 @@ void CppDbTableViewBase::keyPressEvent(QKeyEvent* event)
         // Typed into the open editor of a cell, which has no use for the key. A combo box, for one,
         // leaves all of these, and whoever corrects a search in it by Backspace clears no cells.
         QTableView::keyPressEvent(event);
-    } else if (event->matches(QKeySequence::Delete) ||
-               (event->type() == QEvent::KeyPress && event->key() == Qt::Key_Backspace)) {
+        return;
+    }
+    if (event->matches(QKeySequence::Delete) ||
+        (event->type() == QEvent::KeyPress && event->key() == Qt::Key_Backspace)) {
         clearSelectedCells();
     } else if (event->matches(QKeySequence::Cut)) {
         copySelectedCells();
