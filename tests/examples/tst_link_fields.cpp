@@ -37,10 +37,16 @@ QWidget* captionOf(EditorStage& stage, const char* property)
     return nullptr;
 }
 
-QString toolTipOf(const PropertyField& field)
+/// The widget of the field that the user is in, which bears the tips.
+const QWidget& focusOf(const PropertyField& field)
 {
     const QWidget* focus = field.editor()->focusProxy();
-    return (focus ? focus : field.editor())->toolTip();
+    return focus ? *focus : *field.editor();
+}
+
+QString toolTipOf(const PropertyField& field)
+{
+    return focusOf(field).toolTip();
 }
 
 /// Whether any button of the load's directions is chosen.
@@ -100,12 +106,17 @@ void TestLinkFields::linkAlone()
     QCOMPARE(field.editor()->isEnabled(), hasIt);
     QCOMPARE(field.applies(), hasIt);
     QCOMPARE(toolTipOf(field) == reason, !hasIt);
+    QCOMPARE(focusOf(field).accessibleDescription() == reason, !hasIt);
     if (const QWidget* caption = captionOf(stage, id.constData())) {
         QCOMPARE(caption->isEnabled(), hasIt);
     }
     stage.select({0});
     QCOMPARE(toolTipOf(field), field.limitsText());
+    QVERIFY(focusOf(field).accessibleDescription() != reason);
     QCOMPARE(field.editor()->isEnabled(), property != QLatin1String("bedding_modulus"));
+    stage.select({linkMember});
+    stage.select({});
+    QVERIFY(focusOf(field).accessibleDescription() != reason);
 }
 
 void TestLinkFields::nothingIsShown()
